@@ -21,6 +21,8 @@ public:
 };
 
 // Each group of subcommands registers itself on the application.
-void RegisterAirCommands(CLI::App& app);
+void RegisterAirCommands(CLI::App& app);     // point, mix, line, ratio
+void RegisterSchemeCommands(CLI::App& app);  // primary, secondary
+void RegisterConfigCommands(CLI::App& app);  // config dump|get|set
 
 }  // namespace zefra::cli

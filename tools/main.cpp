@@ -6,6 +6,8 @@ int main(int argc, char** argv) {
     CLI::App app{"zefra: moist-air states and air-handling processes on the enthalpy-humidity chart"};
     app.require_subcommand(1);
     zefra::cli::RegisterAirCommands(app);
+    zefra::cli::RegisterSchemeCommands(app);
+    zefra::cli::RegisterConfigCommands(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {

@@ -1,0 +1,7 @@
+#include "Cli.h"
+
+namespace zefra::cli {
+
+void RegisterSchemeCommands(CLI::App& app) { (void)app; }
+
+}  // namespace zefra::cli
