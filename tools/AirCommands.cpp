@@ -1,9 +1,266 @@
+// zefra point, mix, line and ratio: a state point and the three simple
+// processes of the chart.
+
 #include "Cli.h"
+#include "PointIO.h"
+
+#include "zefra/air/HDGCurB.h"
+#include "zefra/air/ZefraHDGHeatHumRat.h"
+#include "zefra/air/ZefraHDGLine.h"
+#include "zefra/air/ZefraHDGMixAir.h"
+
+#include <iomanip>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <sstream>
 
 namespace zefra::cli {
 
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// Options shared by the commands: --json and --pressure.
+struct CommonArguments {
+    bool json = false;
+    PressureArgument pressure;
+
+    void Register(CLI::App& command) {
+        command.add_flag("--json", json, "print JSON instead of a table");
+        pressure.Register(command);
+    }
+};
+
+// The two end points of a simple process, defaulting to the processes' own
+// A (22 °C, 60 %) and B (20 °C, 90 %).
+struct TwoPointArguments {
+    PointArguments a{"a-", "point A"};
+    PointArguments b{"b-", "point B"};
+
+    void Register(CLI::App& command) {
+        a.Register(command);
+        b.Register(command);
+    }
+};
+
+struct MixFlows {
+    std::optional<std::string> ga;
+    std::optional<std::string> gb;
+    std::optional<std::string> ratio;
+};
+
+struct OptionalPair {
+    std::optional<std::string> first;
+    std::optional<std::string> second;
+};
+
+template <typename Process>
+void SetPoints(Process& process, const TwoPointArguments& points) {
+    // The defaults are recomputed at the pressure given.
+    process.SetHDGPointA(points.a.BuildOr(L"A", ZefraHDGPoint(22.0, 0.6, L"A")));
+    process.SetHDGPointB(points.b.BuildOr(L"B", ZefraHDGPoint(20.0, 0.9, L"B")));
+}
+
+std::optional<double> Number(const std::string& option, const std::optional<std::string>& text) {
+    if (!text) return std::nullopt;
+    return ParseNumber(option, *text);
+}
+
+void PrintPoint(const ZefraHDGPoint& point) {
+    std::cout << "Point " << point.GetName().ToUtf8() << " (from " << CalItemName(point.GetCalPara1Type()) << " and "
+              << CalItemName(point.GetCalPara2Type()) << ")\n";
+    PrintPointTable(std::cout, point);
+}
+
+void PrintPressure() {
+    std::cout << "Atmospheric pressure: " << std::fixed << std::setprecision(0) << GetHDGCurB() << " Pa\n";
+}
+
+std::string Fixed(double value, int decimals) {
+    std::ostringstream text;
+    text << std::fixed << std::setprecision(decimals) << value;
+    return text.str();
+}
+
+void RegisterPoint(CLI::App& app) {
+    auto* command = app.add_subcommand("point", "compute a moist-air state point from a pair of properties");
+    auto common = std::make_shared<CommonArguments>();
+    auto point = std::make_shared<PointArguments>("", "the point");
+    point->Register(*command);
+    common->Register(*command);
+    command->callback([common, point] {
+        common->pressure.Apply();
+        const ZefraHDGPoint result = point->Build(L"");
+        if (common->json) {
+            Json json = PointToJson(result);
+            json.erase("name");
+            json["pressure"] = GetHDGCurB();
+            std::cout << json.dump(2) << '\n';
+            return;
+        }
+        PrintPressure();
+        std::cout << "State point (from " << CalItemName(result.GetCalPara1Type()) << " and "
+                  << CalItemName(result.GetCalPara2Type()) << ")\n";
+        PrintPointTable(std::cout, result);
+    });
+}
+
+void RegisterMix(CLI::App& app) {
+    auto* command = app.add_subcommand("mix", "mix two air streams A and B into C");
+    auto common = std::make_shared<CommonArguments>();
+    auto points = std::make_shared<TwoPointArguments>();
+    auto flows = std::make_shared<MixFlows>();
+    points->Register(*command);
+    command->add_option("--ga", flows->ga, "flow of stream A (any unit, the same for both; default 3000)")
+        ->type_name("NUMBER");
+    command->add_option("--gb", flows->gb, "flow of stream B (default 1000)")->type_name("NUMBER");
+    command->add_option("--ratio", flows->ratio, "parts of A to one part of B, instead of --ga and --gb")
+        ->type_name("NUMBER");
+    common->Register(*command);
+    command->callback([common, points, flows] {
+        common->pressure.Apply();
+        ZefraHDGMixAir mix;
+        SetPoints(mix, *points);
+        const auto ga = Number("--ga", flows->ga);
+        const auto gb = Number("--gb", flows->gb);
+        const auto ratio = Number("--ratio", flows->ratio);
+        if (ratio && (ga || gb)) throw UsageError("--ratio can't be combined with --ga or --gb");
+        if (ratio) {
+            if (!(*ratio >= 0.0)) throw UsageError("--ratio: the mixing ratio can't be negative");
+            mix.SetIsHfb(true);
+            mix.SetdMixRatio(*ratio);
+        } else {
+            if (ga) mix.SetGa(*ga);
+            if (gb) mix.SetGb(*gb);
+            if (!(mix.GetGa() >= 0.0 && mix.GetGb() > 0.0))
+                throw UsageError("--ga and --gb: flows can't be negative, and --gb must be above 0");
+        }
+        mix.Calculate();
+        if (common->json) {
+            Json json;
+            json["pressure"] = GetHDGCurB();
+            json["ratio"] = mix.GetdMixRatio();
+            json["A"] = PointToJson(mix.GetHDGPointA());
+            json["B"] = PointToJson(mix.GetHDGPointB());
+            json["C"] = PointToJson(mix.GetHDGPointC());
+            std::cout << json.dump(2) << '\n';
+            return;
+        }
+        PrintPressure();
+        std::cout << "Mixing ratio A:B = " << Fixed(mix.GetdMixRatio(), 4) << " : 1\n";
+        PrintPoint(mix.GetHDGPointA());
+        PrintPoint(mix.GetHDGPointB());
+        PrintPoint(mix.GetHDGPointC());
+    });
+}
+
+void RegisterLine(CLI::App& app) {
+    auto* command = app.add_subcommand("line", "heat load between two states: Q from the air flow, or the flow from Q");
+    auto common = std::make_shared<CommonArguments>();
+    auto points = std::make_shared<TwoPointArguments>();
+    auto values = std::make_shared<OptionalPair>();
+    points->Register(*command);
+    command->add_option("--g", values->first, "air flow in kg/s; computes the heat load Q (default 1.35)")
+        ->type_name("NUMBER");
+    command->add_option("--q", values->second, "heat load in kW; computes the air flow G")->type_name("NUMBER");
+    common->Register(*command);
+    command->callback([common, points, values] {
+        common->pressure.Apply();
+        ZefraHDGLine line;
+        SetPoints(line, *points);
+        const auto g = Number("--g", values->first);
+        const auto q = Number("--q", values->second);
+        if (g && q) throw UsageError("give --g (to compute Q) or --q (to compute G), not both");
+        if (q) {
+            line.SetCalType(1);
+            line.SetQ(*q);
+        } else if (g) {
+            line.SetG(*g);
+        }
+        line.Calculate();
+        const double dh = line.GetHDGPointB().GetH() - line.GetHDGPointA().GetH();
+        if (common->json) {
+            Json json;
+            json["pressure"] = GetHDGCurB();
+            json["computed"] = line.GetCalType() == 0 ? "Q" : "G";
+            json["G"] = line.GetG();
+            json["Q"] = line.GetQ();
+            json["dH"] = dh;
+            json["A"] = PointToJson(line.GetHDGPointA());
+            json["B"] = PointToJson(line.GetHDGPointB());
+            std::cout << json.dump(2) << '\n';
+            return;
+        }
+        PrintPressure();
+        PrintPoint(line.GetHDGPointA());
+        PrintPoint(line.GetHDGPointB());
+        std::cout << "Enthalpy difference B - A: " << Fixed(dh, 3) << " kJ/kg\n"
+                  << "Air flow G: " << Fixed(line.GetG(), 4) << " kg/s" << (line.GetCalType() == 0 ? "" : " (computed)")
+                  << "\nHeat load Q: " << Fixed(line.GetQ(), 4) << " kW"
+                  << (line.GetCalType() == 0 ? " (computed)" : "") << '\n';
+    });
+}
+
+void RegisterRatio(CLI::App& app) {
+    auto* command = app.add_subcommand(
+        "ratio", "heat-humidity ratio in kJ/kg: from --q and --mw, or from the two points A and B");
+    auto common = std::make_shared<CommonArguments>();
+    auto points = std::make_shared<TwoPointArguments>();
+    auto values = std::make_shared<OptionalPair>();
+    points->Register(*command);
+    command->add_option("--q", values->first, "heat load (with --mw)")->type_name("NUMBER");
+    command->add_option("--mw", values->second, "moisture load, in the unit that makes Q/Mw a ratio in kJ/kg")
+        ->type_name("NUMBER");
+    common->Register(*command);
+    command->callback([common, points, values] {
+        common->pressure.Apply();
+        ZefraHDGHeatHumRat ratio;
+        const auto q = Number("--q", values->first);
+        const auto mw = Number("--mw", values->second);
+        if (q.has_value() != mw.has_value()) throw UsageError("--q and --mw go together");
+        if (q && (points->a.IsGiven() || points->b.IsGiven()))
+            throw UsageError("give --q and --mw, or the points A and B, not both");
+        SetPoints(ratio, *points);
+        if (q) {
+            ratio.SetQ(*q);
+            ratio.SetMw(*mw);
+        } else {
+            ratio.SetCalType(1);
+        }
+        ratio.Calculate();
+        const std::string value = ratio.GetValue().ToUtf8();
+        if (common->json) {
+            Json json;
+            json["pressure"] = GetHDGCurB();
+            json["from"] = q ? "loads" : "points";
+            json["value"] = value;
+            if (q) {
+                json["Q"] = *q;
+                json["Mw"] = *mw;
+            } else {
+                json["A"] = PointToJson(ratio.GetHDGPointA());
+                json["B"] = PointToJson(ratio.GetHDGPointB());
+            }
+            std::cout << json.dump(2) << '\n';
+            return;
+        }
+        PrintPressure();
+        if (!q) {
+            PrintPoint(ratio.GetHDGPointA());
+            PrintPoint(ratio.GetHDGPointB());
+        }
+        std::cout << "Heat-humidity ratio: " << value << " kJ/kg\n";
+    });
+}
+
+}  // namespace
+
 void RegisterAirCommands(CLI::App& app) {
-    app.add_subcommand("point", "compute a moist-air state point from a pair of properties");
+    RegisterPoint(app);
+    RegisterMix(app);
+    RegisterLine(app);
+    RegisterRatio(app);
 }
 
 }  // namespace zefra::cli

@@ -24,5 +24,8 @@ public:
 void RegisterAirCommands(CLI::App& app);     // point, mix, line, ratio
 void RegisterSchemeCommands(CLI::App& app);  // primary, secondary
 void RegisterConfigCommands(CLI::App& app);  // config dump|get|set
+void RegisterSettingsCommands(CLI::App& app);  // settings, flange
+void RegisterLayerCommands(CLI::App& app);   // systems list|add|del, layer
+void RegisterLabelCommands(CLI::App& app);   // label
 
 }  // namespace zefra::cli

@@ -1,13 +1,21 @@
 #include "Cli.h"
 
+#include "zefra/module/ZefraModule.h"
+
 #include <iostream>
 
 int main(int argc, char** argv) {
+    // Loads the module as the host would; at the end of main it unloads it
+    // and destroys the settings managers that the command built.
+    ZefraModule module;
     CLI::App app{"zefra: moist-air states and air-handling processes on the enthalpy-humidity chart"};
     app.require_subcommand(1);
     zefra::cli::RegisterAirCommands(app);
     zefra::cli::RegisterSchemeCommands(app);
     zefra::cli::RegisterConfigCommands(app);
+    zefra::cli::RegisterSettingsCommands(app);
+    zefra::cli::RegisterLayerCommands(app);
+    zefra::cli::RegisterLabelCommands(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {

@@ -1,0 +1,162 @@
+// Speed of the configuration store on a generated file of about 10,000
+// items in 5 levels: load and save against pugixml's own parse and save of
+// the same file, and path look-ups measured in E, the cost of one std::exp
+// plus one std::log.
+
+#include "zefra/config/QoDtDictOptionItem.h"
+#include "zefra/config/QoDtDictionary.h"
+#include "zefra/config/QoDtXmlFile.h"
+
+#include <benchmark/benchmark.h>
+#include <pugixml.hpp>
+
+#include <cmath>
+#include <cstdio>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+CString Key(const char* prefix, int i) {
+    CString key;
+    key.Format(L"%S%d", prefix, i);
+    return key;
+}
+
+// Level 1: 10 groups; level 2: 10 sets each; level 3: 10 parts each;
+// level 4: per part 7 values of mixed kinds, one row and one dictionary:
+// 10,110 items in all. With `wide`, set level of group 0 has 1,000 sets.
+void FillTree(QoDtDictionary& root, bool wide) {
+    root.localname = L"配置";
+    for (int g = 0; g < 10; ++g) {
+        QoDtDictionary* group = root.FindOrAddDict(Key("g", g));
+        group->localname = L"分组";
+        const int sets = wide && g == 0 ? 1000 : 10;
+        for (int s = 0; s < sets; ++s) {
+            QoDtDictionary* set = group->FindOrAddDict(Key("s", s));
+            for (int p = 0; p < 10; ++p) {
+                QoDtDictionary* part = set->FindOrAddDict(Key("p", p));
+                part->SetValue(L"v0", 0.1 * (g + s + p));
+                part->SetValue(L"v1", g * 100 + s * 10 + p);
+                part->SetValue(L"v2", CString(L"送风系统"));
+                part->SetValue(L"v3", (p & 1) != 0);
+                part->SetValue(L"v4", 1.0 / (1 + p));
+                part->SetValue(L"v5", CString(L"SF"));
+                auto* option = static_cast<QoDtDictOptionItem*>(part->FindOrAddItem(L"v6", QoDtDictItem::eDtOption));
+                option->options.Append(L"实线");
+                option->options.Append(L"虚线");
+                option->selection = 1;
+                QoDtDictItem* row = part->FindOrAddItem(L"row", QoDtDictItem::eDtRow);
+                row->SetAttributeValue(L"endrange", L"630.00");
+                row->SetAttributeValue(L"offset", L"40.00");
+                part->FindOrAddDict(L"r0")->localname = L"子项";
+            }
+        }
+    }
+}
+
+// The generated trees, saved once per run to files in the temp directory.
+struct Fixture {
+    QoDtDictionary tree;
+    QoDtDictionary wideTree;
+    std::string file;
+    std::string scratch;
+    std::string pugiScratch;
+
+    Fixture() {
+        FillTree(tree, false);
+        FillTree(wideTree, true);
+        const std::string directory = "/tmp/zefra-config-bench-" + std::to_string(::getpid());
+        ::mkdir(directory.c_str(), 0755);
+        file = directory + "/Config.xml";
+        scratch = directory + "/Saved.xml";
+        pugiScratch = directory + "/PugiSaved.xml";
+        tree.SaveToXML(CString::FromUtf8(file));
+    }
+    ~Fixture() {
+        for (const std::string& f : {file, scratch, pugiScratch}) std::remove(f.c_str());
+        ::rmdir(file.substr(0, file.rfind('/')).c_str());
+    }
+};
+
+Fixture& Data() {
+    static Fixture fixture;
+    return fixture;
+}
+
+void BM_Config_E(benchmark::State& state) {
+    double x = 1.5;
+    for (auto _ : state) {
+        x = std::log(std::exp(x) + 1.0);
+        benchmark::DoNotOptimize(x);
+        if (x > 50.0) x = 1.5;
+    }
+}
+BENCHMARK(BM_Config_E);
+
+void BM_Config_PugiLoad(benchmark::State& state) {
+    const std::string& file = Data().file;
+    for (auto _ : state) {
+        pugi::xml_document document;
+        benchmark::DoNotOptimize(document.load_file(file.c_str()));
+    }
+}
+BENCHMARK(BM_Config_PugiLoad)->Unit(benchmark::kMillisecond);
+
+void BM_Config_Load(benchmark::State& state) {
+    const CString file = CString::FromUtf8(Data().file);
+    for (auto _ : state) {
+        QoDtDictionary tree;
+        if (!tree.LoadFromXML(file)) state.SkipWithError("load failed");
+        benchmark::DoNotOptimize(tree.children.GetLength());
+    }
+    state.counters["items"] = 10110;
+}
+BENCHMARK(BM_Config_Load)->Unit(benchmark::kMillisecond);
+
+void BM_Config_PugiSave(benchmark::State& state) {
+    pugi::xml_document document;
+    document.load_file(Data().file.c_str());
+    for (auto _ : state) benchmark::DoNotOptimize(document.save_file(Data().pugiScratch.c_str(), "  "));
+}
+BENCHMARK(BM_Config_PugiSave)->Unit(benchmark::kMillisecond);
+
+// The whole save: tree to XML, temporary file, fsync, rename.
+void BM_Config_Save(benchmark::State& state) {
+    const CString file = CString::FromUtf8(Data().scratch);
+    for (auto _ : state)
+        if (!Data().tree.SaveToXML(file)) state.SkipWithError("save failed");
+}
+BENCHMARK(BM_Config_Save)->Unit(benchmark::kMillisecond);
+
+// The save without the disk: tree to XML text.
+void BM_Config_SaveText(benchmark::State& state) {
+    std::string text;
+    std::string error;
+    for (auto _ : state) {
+        QoDtXmlFile::ToText(Data().tree, text, error);
+        benchmark::DoNotOptimize(text.data());
+    }
+}
+BENCHMARK(BM_Config_SaveText)->Unit(benchmark::kMillisecond);
+
+void BM_Config_FindDict(benchmark::State& state) {
+    const QoDtDictionary& tree = state.range(0) != 0 ? Data().wideTree : Data().tree;
+    const CString path = state.range(0) != 0 ? L"g0\\s777\\p7\\r0" : L"g7\\s7\\p7\\r0";
+    for (auto _ : state) benchmark::DoNotOptimize(tree.FindDict(path));
+}
+BENCHMARK(BM_Config_FindDict)->ArgName("wide")->Arg(0)->Arg(1);
+
+void BM_Config_GetValue(benchmark::State& state) {
+    const QoDtDictionary& tree = state.range(0) != 0 ? Data().wideTree : Data().tree;
+    const CString path = state.range(0) != 0 ? L"g0\\s777\\p7\\v4" : L"g7\\s7\\p7\\v4";
+    double value = 0.0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(tree.GetValue(path, value));
+        benchmark::DoNotOptimize(value);
+    }
+}
+BENCHMARK(BM_Config_GetValue)->ArgName("wide")->Arg(0)->Arg(1);
+
+}  // namespace

@@ -1,0 +1,69 @@
+#pragma once
+// Command-line input and output of state points, shared by the commands that
+// take points: a point from any supported pair of properties, the pressure,
+// and the point as an aligned table or as JSON.
+
+#include "Cli.h"
+
+#include "zefra/air/ZefraHDGPoint.h"
+
+#include <nlohmann/json.hpp>
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+
+namespace zefra::cli {
+
+// A number given on the command line; throws UsageError naming the option
+// when the text isn't a finite number.
+double ParseNumber(const std::string& option, const std::string& text);
+
+// The seven properties from which a point can be given, as options
+// "--<prefix>tdb", "--<prefix>rh", ... on one command.
+class PointArguments {
+public:
+    // prefix "a-" gives --a-tdb and so on; label names the point in help
+    // texts and errors ("point A").
+    PointArguments(std::string prefix, std::string label);
+
+    void Register(CLI::App& command);
+
+    bool IsGiven() const;
+
+    // The point of the two properties given, computed at the current
+    // pressure, named `name`. Throws UsageError for any other number of
+    // properties, a pair without a calculation, a value that isn't a
+    // number, or a relative humidity outside 0..1.5.
+    ZefraHDGPoint Build(const CString& name) const;
+
+    // Build when any property was given, otherwise the fallback.
+    ZefraHDGPoint BuildOr(const CString& name, const ZefraHDGPoint& fallback) const;
+
+private:
+    std::string m_prefix;
+    std::string m_label;
+    std::optional<std::string> m_values[7];
+};
+
+// The --pressure option (Pa, default 101325); Apply makes it the current
+// pressure of the chart, or throws UsageError for a value that isn't a
+// positive number.
+class PressureArgument {
+public:
+    void Register(CLI::App& command);
+    void Apply() const;
+
+private:
+    std::string m_text = "101325";
+};
+
+// The eleven properties with names and units, one per line, aligned.
+void PrintPointTable(std::ostream& out, const ZefraHDGPoint& point);
+
+nlohmann::ordered_json PointToJson(const ZefraHDGPoint& point);
+
+// Short names of the calculation kinds: "Tdb", "RH", ... "Ps".
+std::string CalItemName(int kind);
+
+}  // namespace zefra::cli

@@ -1,0 +1,32 @@
+#pragma once
+// What zefra primary and zefra secondary add around the report texts of a
+// scheme: the units of the texts, the texts on standard output, and the
+// process record in an XML file.
+
+#include "zefra/air/ZefraHDGProcess.h"
+
+#include <ostream>
+#include <string>
+
+namespace zefra::cli {
+
+// Sets the units of the report texts for this run from "Q=kW,G=m^3/h,...".
+// Keys: T, D, H, P, G, Q, Mw, Den or the item names 温度, 含湿量, 焓, 压力,
+// 风量, 冷热负荷, 湿负荷, 密度. Throws UsageError on a bad key or a unit that
+// the converter doesn't know.
+void ApplyReportUnits(const std::string& spec);
+
+// The result texts one after the other, as the system writes them; on a
+// terminal the "\r\n" line ends become plain ones. Ends with a line end.
+void PrintResultTexts(std::ostream& out, const CStringArray& texts, bool terminal);
+
+// Writes the record of the process into `file`. Throws UsageError when the
+// file can't be written.
+void SaveProcessRecord(ZefraHDGProcess& process, const std::string& file);
+
+// Reads the process from the record `recordName` in `file`. Throws
+// UsageError when the file can't be read or holds no complete record.
+void LoadProcessRecord(ZefraHDGProcess& process, const std::string& file, const wchar_t* recordName,
+                       const char* what);
+
+}  // namespace zefra::cli

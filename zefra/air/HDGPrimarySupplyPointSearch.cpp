@@ -1,0 +1,195 @@
+#include "zefra/air/HDGPrimarySupplyPointSearch.h"
+
+#include "zefra/platform/airlib/Air.h"
+#include "zefra/platform/airlib/NT.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kStep = 0.002;            // g/kg
+constexpr double kFirstBest = 100.0;       // the walk's starting "best" difference
+constexpr double kAcceptTolerance = 0.005; // °C
+constexpr long long kShortWalk = 32;       // walks this short are simply walked
+constexpr double kLongestWalkD = 1.0e4;    // g/kg; beyond it the step count isn't worth estimating
+constexpr int kExtrapolationRounds = 8;    // then the probes double their reach
+constexpr long long kFreezingWindow = 3;   // steps each side of the 0 °C kink taken one by one
+
+bool WithinTolerance(double diff) { return NT::IsEqual(diff, 0.0, kAcceptTolerance); }
+
+}  // namespace
+
+HDGPrimarySupplyPointSearch::HDGPrimarySupplyPointSearch(const ZefraHDGPoint& room, double heatHumidityRatio,
+                                                         double dewPointRH, double supplyDuctRise)
+    : m_roomD(room.GetD()),
+      m_roomH(room.GetH()),
+      m_epsilon(heatHumidityRatio),
+      m_dewPointRH(dewPointRH),
+      m_supplyDuctRise(supplyDuctRise),
+      m_pressure(GetHDGCurB()),
+      m_steps(room.GetD(), -kStep) {
+    m_cache.reserve(32);
+}
+
+HDGPrimarySupplyPointSearch::SPass HDGPrimarySupplyPointSearch::Evaluate(double d) const {
+    ++m_evaluations;
+    SPass pass;
+    pass.D = d;
+    pass.HO = m_roomH - m_epsilon * (m_roomD - d) / 1000.0;
+    pass.TO = AIR::GetTdb(pass.HO, d);
+    pass.TL = AIR::GetTdbByDAndRH(d, m_dewPointRH, m_pressure);
+    pass.Gap = pass.TO - pass.TL - m_supplyDuctRise;
+    pass.Diff = std::fabs(pass.Gap);
+    return pass;
+}
+
+HDGPrimarySupplyPointSearch::SResult HDGPrimarySupplyPointSearch::FindByFullScan() const {
+    m_evaluations = 0;
+    double best = kFirstBest;
+    bool improved = false;
+    for (double d = m_roomD - kStep; d >= 0.0; d = d - kStep) {
+        const SPass pass = Evaluate(d);
+        if (best > pass.Diff) {
+            improved = true;
+            best = pass.Diff;
+            if (WithinTolerance(pass.Diff)) return {true, pass};
+        } else if (improved) {
+            // The difference stopped falling: the step after the smallest one.
+            return {true, pass};
+        }
+    }
+    return {};
+}
+
+HDGPrimarySupplyPointSearch::SPass HDGPrimarySupplyPointSearch::PassAt(long long step) {
+    for (const SCachedPass& cached : m_cache)
+        if (cached.Step == step) return cached.Pass;
+    m_cache.push_back({step, Evaluate(StepD(step))});
+    return m_cache.back().Pass;
+}
+
+bool HDGPrimarySupplyPointSearch::AcceptsAt(long long step) {
+    const double diff = PassAt(step).Diff;
+    const double best = PassAt(step - 1).Diff;
+    return !(best > diff) || WithinTolerance(diff);
+}
+
+long long HDGPrimarySupplyPointSearch::ProbeBeyond(long long previous, long long lo, long long last, int round) {
+    const SPass a = PassAt(previous);
+    const SPass b = PassAt(lo);
+    long long probe = lo + 2 * (lo - previous);
+    if (round < kExtrapolationRounds) {
+        // Where the line through the two gaps reaches the tolerance on b's side, one step beyond.
+        const double level = b.Gap > 0.0 ? kAcceptTolerance : -kAcceptTolerance;
+        const double slope = (b.Gap - a.Gap) / static_cast<double>(lo - previous);
+        const double ahead = (level - b.Gap) / slope;
+        if (std::isfinite(ahead) && ahead > 0.0 && ahead < static_cast<double>(last - lo))
+            probe = lo + static_cast<long long>(std::ceil(ahead)) + 1;
+    }
+    return std::clamp(probe, lo + 1, last);
+}
+
+bool HDGPrimarySupplyPointSearch::RunEndsAt(long long step, bool positiveRun) {
+    if (AcceptsAt(step)) return true;
+    return (PassAt(step).Gap > 0.0) != positiveRun || (PassAt(step - 1).Gap > 0.0) != positiveRun;
+}
+
+long long HDGPrimarySupplyPointSearch::FirstAcceptanceAfter(long long from, long long to) {
+    while (from < to) {
+        const long long end = EndOfRun(from, to);
+        if (end < 0) return -1;
+        if (AcceptsAt(end)) return end;
+        // The gap changed sign without an acceptance: a new run starts there.
+        from = end;
+    }
+    return -1;
+}
+
+long long HDGPrimarySupplyPointSearch::EndOfRun(long long from, long long to) {
+    const bool positiveRun = PassAt(from).Gap > 0.0;
+    if (RunEndsAt(from + 1, positiveRun)) return from + 1;
+
+    // Ahead until the run has ended: then it goes on up to lo and has ended at hi.
+    long long previous = from;
+    long long lo = from + 1;
+    long long hi = -1;
+    for (int round = 0; hi < 0; ++round) {
+        if (lo == to) return -1;
+        const long long probe = ProbeBeyond(previous, lo, to, round);
+        if (RunEndsAt(probe, positiveRun)) {
+            hi = probe;
+        } else {
+            previous = lo;
+            lo = probe;
+        }
+    }
+
+    // Narrow [lo, hi] to neighbours by false position on the gap (Illinois
+    // weighting), halving whenever the gaps don't straddle the tolerance.
+    const double level = positiveRun ? kAcceptTolerance : -kAcceptTolerance;
+    double fa = PassAt(lo).Gap - level;
+    double fb = PassAt(hi).Gap - level;
+    int lastMoved = 0;
+    while (hi - lo > 1) {
+        long long probe = lo + (hi - lo) / 2;
+        const double fraction = fa / (fa - fb);
+        if ((fa > 0.0) != (fb > 0.0) && fraction > 0.0 && fraction < 1.0)
+            probe = lo + static_cast<long long>(std::ceil(fraction * static_cast<double>(hi - lo)));
+        probe = std::clamp(probe, lo + 1, hi - 1);
+        const double fp = PassAt(probe).Gap - level;
+        if (RunEndsAt(probe, positiveRun)) {
+            hi = probe;
+            fb = fp;
+            if (lastMoved > 0) fa *= 0.5;
+            lastMoved = 1;
+        } else {
+            lo = probe;
+            fa = fp;
+            if (lastMoved < 0) fb *= 0.5;
+            lastMoved = -1;
+        }
+    }
+    return hi;
+}
+
+long long HDGPrimarySupplyPointSearch::FreezingStep() const {
+    // Steps run from N.D down; this one is near the moisture content at which
+    // the curve RH = ptL_RH passes 0 °C.
+    const double freezingD = AIR::GetD(0.0, m_dewPointRH, m_pressure);
+    const double steps = (m_roomD - freezingD) / kStep - 1.0;
+    if (!std::isfinite(steps)) return -1;
+    return static_cast<long long>(std::llround(std::clamp(steps, -1.0, 1e15)));
+}
+
+HDGPrimarySupplyPointSearch::SResult HDGPrimarySupplyPointSearch::Find() {
+    m_evaluations = 0;
+    m_cache.clear();
+    const bool usual = std::isfinite(m_roomD) && std::isfinite(m_roomH) && std::isfinite(m_epsilon) &&
+                       std::isfinite(m_dewPointRH) && std::isfinite(m_supplyDuctRise) && m_roomD < kLongestWalkD;
+    if (!usual) return FindByFullScan();
+
+    // The walk's last step lies within a step of N.D / 0.002 − 1 (the
+    // accumulated rounding is far below a step); two steps less is surely walked.
+    const long long surelyWalked = static_cast<long long>(m_roomD / kStep) - 3;
+    if (surelyWalked < kShortWalk) return FindByFullScan();
+    const SPass first = PassAt(0);
+    if (!(kFirstBest > first.Diff)) return FindByFullScan();
+    if (WithinTolerance(first.Diff)) return {true, first};
+
+    // At 0 °C the dew point passes from the water to the ice curve and tL has
+    // a kink, where the difference may stop falling. The steps around it are
+    // taken one by one; on either side the difference is smooth.
+    const long long freezing = FreezingStep();
+    const long long windowFirst = std::clamp(freezing - kFreezingWindow, 1LL, surelyWalked + 1);
+    const long long windowLast = std::clamp(freezing + kFreezingWindow, windowFirst - 1, surelyWalked);
+
+    long long accepted = FirstAcceptanceAfter(0, windowFirst - 1);
+    if (accepted >= 0) return {true, PassAt(accepted)};
+    for (long long step = windowFirst; step <= windowLast; ++step)
+        if (AcceptsAt(step)) return {true, PassAt(step)};
+    accepted = FirstAcceptanceAfter(std::max(0LL, windowLast), surelyWalked);
+    if (accepted >= 0) return {true, PassAt(accepted)};
+    // No acceptance before the last few steps: the full scan settles the end of the walk.
+    return FindByFullScan();
+}

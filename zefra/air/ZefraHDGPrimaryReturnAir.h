@@ -1,0 +1,129 @@
+#pragma once
+// Air handling with one return-air stream. Outdoor air W (preheated to W'
+// where winter needs it) mixes with return air N' into C, the unit treats C
+// through L, and the air reaches the room as supply state O. Types 0 and 1
+// are the summer treatments, 2 to 5 the winter ones (EHDGPriRetAirType).
+// Units: °C, RH as a fraction, kJ/kg, g/kg, air flows in kg/s, heat loads in
+// kW, moisture loads in kg/s, ε in kJ/kg.
+
+#include "zefra/air/SHDGPrimaryReturnAirInfo.h"
+#include "zefra/air/ZefraHDGPoint.h"
+#include "zefra/air/ZefraHDGProcess.h"
+#include "zefra/platform/mfc/CNTArray.h"
+
+class ZefraHDGPrimaryReturnAir : public ZefraHDGProcess {
+    DECLARE_DYNAMIC(ZefraHDGPrimaryReturnAir)
+public:
+    ZefraHDGPrimaryReturnAir();
+    ZefraHDGPrimaryReturnAir(const ZefraHDGPrimaryReturnAir&) = default;
+    ZefraHDGPrimaryReturnAir& operator=(const ZefraHDGPrimaryReturnAir&) = default;
+    ~ZefraHDGPrimaryReturnAir() override = default;
+
+    // Empties the result texts, runs the treatment of the type and names the
+    // eight points again. False for a type outside 0 to 5.
+    bool Calculate() override;
+    bool Cal_Xj_Process();
+    bool Cal_Dj_Process();
+
+    void SetGivenData(const SHDGPrimaryReturnAirInfo& given) { GivenData = given; }
+    SHDGPrimaryReturnAirInfo GetGivenData() const { return GivenData; }
+
+    ZefraHDGPoint GetPointN() const { return GivenData.PointN; }
+    ZefraHDGPoint GetPointW() const { return GivenData.PointW; }
+    ZefraHDGPoint GetPointN1() const { return PointN1; }
+    ZefraHDGPoint GetPointW1() const { return PointW1; }
+    ZefraHDGPoint GetPointC() const { return PointC; }
+    ZefraHDGPoint GetPointL() const { return PointL; }
+    ZefraHDGPoint GetPointK() const { return PointK; }
+    ZefraHDGPoint GetPointO() const { return PointO; }
+    void SetPointN(const ZefraHDGPoint& point) { GivenData.PointN = point; }
+    void SetPointW(const ZefraHDGPoint& point) { GivenData.PointW = point; }
+    void SetPointN1(const ZefraHDGPoint& point) { PointN1 = point; }
+    void SetPointW1(const ZefraHDGPoint& point) { PointW1 = point; }
+    void SetPointC(const ZefraHDGPoint& point) { PointC = point; }
+    void SetPointL(const ZefraHDGPoint& point) { PointL = point; }
+    void SetPointK(const ZefraHDGPoint& point) { PointK = point; }
+    void SetPointO(const ZefraHDGPoint& point) { PointO = point; }
+
+    double GetQn() const { return GivenData.Qn; }
+    void SetQn(double value) { GivenData.Qn = value; }
+    double GetMw() const { return GivenData.Mw; }
+    void SetMw(double value) { GivenData.Mw = value; }
+    double GetSfGdWs() const { return GivenData.SfGdWs; }
+    void SetSfGdWs(double value) { GivenData.SfGdWs = value; }
+    double GetHfGdWs() const { return GivenData.HfGdWs; }
+    void SetHfGdWs(double value) { GivenData.HfGdWs = value; }
+    double GetptL_RH() const { return GivenData.ptL_RH; }
+    void SetptL_RH(double value) { GivenData.ptL_RH = value; }
+    int GetFreshAirType() const { return GivenData.FreshAirType; }
+    void SetFreshAirType(int value) { GivenData.FreshAirType = value; }
+    double GetFreshAirRatio() const { return GivenData.FreshAirRatio; }
+    void SetFreshAirRatio(double value) { GivenData.FreshAirRatio = value; }
+    double GetGw() const { return GivenData.Gw; }
+    void SetGw(double value) { GivenData.Gw = value; }
+    double GetGo() const { return GivenData.Go; }
+    void SetGo(double value) { GivenData.Go = value; }
+    double GetSfWc() const { return GivenData.SfWc; }
+    void SetSfWc(double value) { GivenData.SfWc = value; }
+
+    // Both forms carry this one name: the first reads the type, the second stores it.
+    EHDGPriRetAirType GetCalPriRetAirType() const { return GivenData.CalPriRetAirType; }
+    void GetCalPriRetAirType(EHDGPriRetAirType type) { GivenData.CalPriRetAirType = type; }
+
+    double GetGn() const { return Gn; }
+    double GetQw() const { return Qw; }
+    double GetQr() const { return Qr; }
+    double GetQo() const { return Qo; }
+    double GetQk() const { return Qk; }
+    double GetQw1() const { return Qw1; }
+    double GetQl() const { return Ql; }
+    double GetQp() const { return Qp; }
+    double GetMww() const { return Mww; }
+    double GetMwp() const { return Mwp; }
+
+    // Qn / Mw, negated for the winter types.
+    double GetHeatHumidityRatio() const;
+
+    static EHvacHDGPointCalItemType GetCalItemType(const CString& text);
+    static CString GetCalItemTypeStr(EHvacHDGPointCalItemType kind);
+
+    // The points that belong on the chart, as copies.
+    CNTArray<ZefraHDGPoint, ZefraHDGPoint&> GetAllPoint() const;
+
+private:
+    bool IsWinter() const { return GivenData.CalPriRetAirType >= HDGPRI_DJ_ISENTH_HEAT; }
+    void NamePoints();
+    // Summer: O and L by the walk down the ε line (type 0), or in closed form
+    // from the supply temperature difference (type 1).
+    void FindSupplyPointByDewPoint(double epsilon);
+    void FixSupplyPointBySupplyDt(double epsilon);
+    // Winter: C on the straight line from W to N with L's enthalpy, by halving.
+    void MixOnOutdoorRoomLine();
+    // Winter: preheating W to W' so that the mix at the summer ratio has L's enthalpy.
+    void MixWithPreheat();
+    // The point, air-flow, heat-load and moisture texts are appended to
+    // ResultInfo here once the chart settings (units, precisions, display
+    // filter) are available to the process classes.
+    void AppendReportTexts();
+
+    double Gn = 0.0;
+    double Qw = 0.0;
+    double Qr = 0.0;
+    double Qo = 0.0;
+    double Qk = 0.0;
+    double Qw1 = 0.0;
+    double Ql = 0.0;
+    double Qp = 0.0;
+    double Mww = 0.0;
+    double Mwp = 0.0;
+    // Fresh-air ratio of the last summer treatment on this object; the winter
+    // treatment compares with it and preheats for it.
+    double XjFreshAirRatio = 1.0;
+    SHDGPrimaryReturnAirInfo GivenData;
+    ZefraHDGPoint PointN1;
+    ZefraHDGPoint PointW1;
+    ZefraHDGPoint PointC;
+    ZefraHDGPoint PointL;
+    ZefraHDGPoint PointK;
+    ZefraHDGPoint PointO;
+};

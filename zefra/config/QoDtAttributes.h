@@ -1,0 +1,36 @@
+#pragma once
+// The string attributes of a dictionary item, in the order they were first
+// set. Names are compared exactly, case included.
+
+#include "zefra/platform/mfc/CString.h"
+
+#include <utility>
+#include <vector>
+
+class QoDtAttributes {
+public:
+    // Null when the attribute isn't there.
+    const CString* Find(const wchar_t* name) const;
+    // Sets the value, adding the attribute behind the others if it is new.
+    void Set(const CString& name, const CString& value);
+    void Set(CString&& name, CString&& value);
+    bool Remove(const wchar_t* name);
+    void Clear() { m_entries.clear(); }
+    void Reserve(int count) { m_entries.reserve(static_cast<size_t>(count)); }
+
+    int GetCount() const { return static_cast<int>(m_entries.size()); }
+    // Empty for an index out of range.
+    CString GetName(int index) const;
+    CString GetValue(int index) const;
+
+    // Calls visit(name, value) for each attribute in order.
+    template <typename Visit>
+    void ForEach(Visit visit) const {
+        for (const auto& entry : m_entries) visit(entry.first, entry.second);
+    }
+
+    friend bool operator==(const QoDtAttributes& a, const QoDtAttributes& b) { return a.m_entries == b.m_entries; }
+
+private:
+    std::vector<std::pair<CString, CString>> m_entries;
+};

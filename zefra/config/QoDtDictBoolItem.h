@@ -1,0 +1,17 @@
+#pragma once
+// An item holding one Boolean. Files write it as "true" or "false" (another
+// integer that a caller stored stands as it is).
+
+#include "zefra/config/QoDtDictItem.h"
+
+class QoDtDictBoolItem : public QoDtDictItem {
+public:
+    int value = 0;  // 0 or 1, read and written directly as a 32-bit integer
+
+    int GetType() const override { return eDtBool; }
+    void CopyData(const QoDtDictItem& other) override;
+    void operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const override;
+    void operator>>(CArchive& ar) const override;
+    bool operator<<(_auto_ptr<QoUtXMLDOMNode>& node) override;
+    bool operator<<(CArchive& ar) override;
+};

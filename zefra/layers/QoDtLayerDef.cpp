@@ -1,0 +1,3 @@
+#include "zefra/layers/QoDtLayerDef.h"
+
+QoDtLayerDef::QoDtLayerDef(const CString& key) : key(key) {}

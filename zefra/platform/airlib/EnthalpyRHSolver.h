@@ -1,0 +1,17 @@
+#pragma once
+// The temperature at which air of relative humidity RH, at pressure B, has
+// enthalpy H. With RH = 1 this is the chart's wet bulb of H.
+//
+// The relation depends on RH and B only through q = RH / B (the vapour share
+// is q·Ps). A table over q and over u = H − H0(q), where H0(q) is the
+// enthalpy of the state where the ice and water curves meet, gives first
+// guesses: in u the change of curve stays at u = 0 for every q, and the
+// table is split there. It is built from the exact relation at first use and read
+// by cubic Hermite interpolation in both directions. One Halley step on the
+// exact relation usually settles the result to rounding.
+
+class EnthalpyRHSolver {
+public:
+    // t in °C, bounded to the interval of MoistAirConstants.h.
+    static double TemperatureAt(double H, double RH, double B);
+};

@@ -1,0 +1,24 @@
+#pragma once
+// Number helpers of the air library.
+
+#include "zefra/platform/mfc/CString.h"
+
+namespace NT {
+
+// True when a and b differ by no more than tolerance (the bound included).
+bool IsEqual(double a, double b, double tolerance);
+
+// The value with exactly `decimals` digits behind the point, rounded to the
+// nearest as printf rounds (ties to even on the exact binary value). The
+// flag is accepted for the callers' sake and doesn't change the text: both
+// forms keep every decimal. A result that rounds to zero never carries a
+// minus sign. Negative counts write no decimals, counts above 30 write 30.
+CString ftoa(double value, int decimals, bool flag);
+
+// Decimal text of the integer.
+CString itoa(int value);
+
+}  // namespace NT
+
+// The drawing library's helper of the same shape; one implementation.
+CString ftoa(double value, int decimals, bool flag);

@@ -1,0 +1,3 @@
+#include "zefra/platform/entities/QoDbHvacCoilPipe.h"
+
+void QoDbHvacCoilPipe::SetSideLineWidth(double width) { m_sideLineWidth = width; }

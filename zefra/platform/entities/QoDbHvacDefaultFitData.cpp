@@ -1,0 +1,6 @@
+#include "zefra/platform/entities/QoDbHvacDefaultFitData.h"
+
+QoDbHvacDefaultFitData& QoDbHvacDefaultFitData::Shared() {
+    static QoDbHvacDefaultFitData data;
+    return data;
+}

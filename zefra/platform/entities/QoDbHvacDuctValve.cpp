@@ -1,0 +1,3 @@
+#include "zefra/platform/entities/QoDbHvacDuctValve.h"
+
+QoDbHvacDuctValve::QoDbHvacDuctValve() = default;

@@ -1,0 +1,3 @@
+#include "zefra/platform/entities/QoDbHvacEquipment.h"
+
+QoDbHvacEquipment::QoDbHvacEquipment() = default;

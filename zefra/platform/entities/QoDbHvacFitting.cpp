@@ -1,0 +1,3 @@
+#include "zefra/platform/entities/QoDbHvacFitting.h"
+
+QoDbHvacFitting::QoDbHvacFitting(EFittingType type) : m_fittingType(type) {}

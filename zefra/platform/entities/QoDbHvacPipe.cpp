@@ -1,0 +1,3 @@
+#include "zefra/platform/entities/QoDbHvacPipe.h"
+
+QoDbHvacPipe::QoDbHvacPipe(EPipeType type) : m_pipeType(type) {}

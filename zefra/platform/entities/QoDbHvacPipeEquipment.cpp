@@ -1,0 +1,3 @@
+#include "zefra/platform/entities/QoDbHvacPipeEquipment.h"
+
+QoDbHvacPipeEquipment::QoDbHvacPipeEquipment(EEquipType type) : m_equipType(type) {}

@@ -1,0 +1,3 @@
+#include "zefra/platform/entities/QoDbHvacTelescopeCase.h"
+
+QoDbHvacTelescopeCase::QoDbHvacTelescopeCase() = default;

@@ -1,0 +1,3 @@
+#include "zefra/platform/entities/QoDbHvacTerminal.h"
+
+QoDbHvacTerminal::QoDbHvacTerminal() = default;

@@ -1,0 +1,9 @@
+#pragma once
+// An air terminal: diffuser, grille or louvre.
+
+#include "zefra/platform/host/AcDbEntity.h"
+
+class QoDbHvacTerminal : public AcDbEntity {
+public:
+    QoDbHvacTerminal();
+};

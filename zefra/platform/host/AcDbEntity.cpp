@@ -1,0 +1,3 @@
+#include "zefra/platform/host/AcDbEntity.h"
+
+AcDbEntity::~AcDbEntity() = default;
