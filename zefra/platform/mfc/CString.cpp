@@ -109,23 +109,23 @@ std::wstring FormatMfc(const wchar_t* format, va_list args) {
             ++p;
             continue;
         }
-        std::string spec = "%";
+        std::string narrowFormat = "%";
         bool left = false;
         while (*p == L'-' || *p == L'+' || *p == L' ' || *p == L'#' || *p == L'0') {
             if (*p == L'-') left = true;
-            spec.push_back(static_cast<char>(*p++));
+            narrowFormat.push_back(static_cast<char>(*p++));
         }
         int width = -1;
         if (*p == L'*') {
             width = va_arg(ap, int);
-            if (width < 0) { left = true; spec.push_back('-'); width = -width; }
-            spec += std::to_string(width);
+            if (width < 0) { left = true; narrowFormat.push_back('-'); width = -width; }
+            narrowFormat += std::to_string(width);
             ++p;
         } else if (iswdigit(static_cast<wint_t>(*p))) {
             width = 0;
             while (iswdigit(static_cast<wint_t>(*p))) {
                 width = width * 10 + (*p - L'0');
-                spec.push_back(static_cast<char>(*p++));
+                narrowFormat.push_back(static_cast<char>(*p++));
             }
         }
         int precision = -1;
@@ -138,7 +138,7 @@ std::wstring FormatMfc(const wchar_t* format, va_list args) {
             } else {
                 while (iswdigit(static_cast<wint_t>(*p))) precision = precision * 10 + (*p++ - L'0');
             }
-            if (precision >= 0) spec += "." + std::to_string(precision);
+            if (precision >= 0) narrowFormat += "." + std::to_string(precision);
         }
         // Length modifiers. 'h' on a string or character means narrow, 'l'/'w' wide.
         enum class Len { None, HH, H, L, LL, Z, BigL, I64 } len = Len::None;
@@ -186,35 +186,35 @@ std::wstring FormatMfc(const wchar_t* format, va_list args) {
             char buf[128];
             switch (len) {
             case Len::LL: case Len::I64:
-                spec += "ll"; spec.push_back(static_cast<char>(conv));
-                std::snprintf(buf, sizeof buf, spec.c_str(), va_arg(ap, long long));
+                narrowFormat += "ll"; narrowFormat.push_back(static_cast<char>(conv));
+                std::snprintf(buf, sizeof buf, narrowFormat.c_str(), va_arg(ap, long long));
                 break;
             case Len::L: case Len::Z:
-                spec += "l"; spec.push_back(static_cast<char>(conv));
-                std::snprintf(buf, sizeof buf, spec.c_str(), va_arg(ap, long));
+                narrowFormat += "l"; narrowFormat.push_back(static_cast<char>(conv));
+                std::snprintf(buf, sizeof buf, narrowFormat.c_str(), va_arg(ap, long));
                 break;
             case Len::H:
-                spec += "h"; spec.push_back(static_cast<char>(conv));
-                std::snprintf(buf, sizeof buf, spec.c_str(), va_arg(ap, int));
+                narrowFormat += "h"; narrowFormat.push_back(static_cast<char>(conv));
+                std::snprintf(buf, sizeof buf, narrowFormat.c_str(), va_arg(ap, int));
                 break;
             case Len::HH:
-                spec += "hh"; spec.push_back(static_cast<char>(conv));
-                std::snprintf(buf, sizeof buf, spec.c_str(), va_arg(ap, int));
+                narrowFormat += "hh"; narrowFormat.push_back(static_cast<char>(conv));
+                std::snprintf(buf, sizeof buf, narrowFormat.c_str(), va_arg(ap, int));
                 break;
             default:
-                spec.push_back(static_cast<char>(conv));
-                std::snprintf(buf, sizeof buf, spec.c_str(), va_arg(ap, int));
+                narrowFormat.push_back(static_cast<char>(conv));
+                std::snprintf(buf, sizeof buf, narrowFormat.c_str(), va_arg(ap, int));
                 break;
             }
             out += Widen(buf, std::char_traits<char>::length(buf));
             break;
         }
         case L'f': case L'F': case L'e': case L'E': case L'g': case L'G': case L'a': case L'A': {
-            spec.push_back(static_cast<char>(conv));
+            narrowFormat.push_back(static_cast<char>(conv));
             double v = (len == Len::BigL) ? static_cast<double>(va_arg(ap, long double)) : va_arg(ap, double);
-            int n = std::snprintf(nullptr, 0, spec.c_str(), v);
+            int n = std::snprintf(nullptr, 0, narrowFormat.c_str(), v);
             std::vector<char> buf(static_cast<size_t>(n > 0 ? n : 0) + 1);
-            std::snprintf(buf.data(), buf.size(), spec.c_str(), v);
+            std::snprintf(buf.data(), buf.size(), narrowFormat.c_str(), v);
             out += Widen(buf.data(), static_cast<size_t>(n > 0 ? n : 0));
             break;
         }
