@@ -44,12 +44,12 @@ bool IsKnownUnit(const QoHvacHDGSysSetManager& settings, const CString& item, co
 
 }  // namespace
 
-void ApplyReportUnits(const std::string& spec) {
+void ApplyReportUnits(const std::string& unitList) {
     QoHvacHDGSysSetManager& settings = *QoHvacHDGSysSetManager::GetInstance();
     size_t start = 0;
-    while (start <= spec.size()) {
-        const size_t end = std::min(spec.find(',', start), spec.size());
-        const std::string pair = spec.substr(start, end - start);
+    while (start <= unitList.size()) {
+        const size_t end = std::min(unitList.find(',', start), unitList.size());
+        const std::string pair = unitList.substr(start, end - start);
         const size_t equals = pair.find('=');
         if (equals == std::string::npos || equals == 0 || equals + 1 == pair.size())
             throw UsageError("--units: expected KEY=UNIT, got \"" + pair + "\"");

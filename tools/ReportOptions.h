@@ -14,7 +14,7 @@ namespace zefra::cli {
 // Keys: T, D, H, P, G, Q, Mw, Den or the item names 温度, 含湿量, 焓, 压力,
 // 风量, 冷热负荷, 湿负荷, 密度. Throws UsageError on a bad key or a unit that
 // the converter doesn't know.
-void ApplyReportUnits(const std::string& spec);
+void ApplyReportUnits(const std::string& unitList);
 
 // The result texts one after the other, as the system writes them; on a
 // terminal the "\r\n" line ends become plain ones. Ends with a line end.

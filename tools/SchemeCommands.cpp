@@ -1,9 +1,10 @@
 // zefra primary | secondary: run an air-handling scheme on its built-in given
-// data, changed by a JSON file of given fields, and print every point, flow
-// and load.
+// data (or a saved record), changed by a JSON file of given fields, and print
+// the scheme's report texts and every point, flow and load.
 
 #include "Cli.h"
 #include "PointIO.h"
+#include "ReportOptions.h"
 
 #include "zefra/air/HDGCurB.h"
 #include "zefra/air/ZefraHDGPrimaryReturnAir.h"
@@ -18,8 +19,11 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 namespace zefra::cli {
 namespace {
@@ -32,6 +36,9 @@ struct SchemeOptions {
     std::string input;
     PressureArgument pressure;
     bool json = false;
+    std::string units;  // units of the report texts, "Q=kW,G=m^3/h"
+    std::string save;   // file for the process record
+    std::string load;   // file with a process record to start from
 };
 
 // ---- Reading the given data -------------------------------------------------
@@ -239,6 +246,9 @@ struct SchemeResult {
     std::vector<Quantity> loads;
     std::vector<Quantity> moisture;
     std::vector<std::string> messages;
+    // ResultInfo as the scheme wrote it, for the report window.
+    CStringArray resultInfo;
+    std::shared_ptr<ZefraHDGProcess> process;
 };
 
 const char* PrimaryTypeMeaning(int type) {
@@ -292,11 +302,13 @@ void AddCommonLoads(const Scheme& scheme, double roomLoad, double roomMoisture, 
 SchemeResult RunPrimary(const SchemeOptions& options) {
     GivenFields<SHDGPrimaryReturnAirInfo> fields;
     AddCommonFields<SHDGPrimaryReturnAirInfo, EHDGPriRetAirType>(fields, HDGPRI_DJ_HEAT_ISOTH, "primary");
-    SHDGPrimaryReturnAirInfo given;
+    auto process = std::make_shared<ZefraHDGPrimaryReturnAir>();
+    ZefraHDGPrimaryReturnAir& scheme = *process;
+    if (!options.load.empty()) LoadProcessRecord(scheme, options.load, L"一次回风处理过程", "primary return-air");
+    SHDGPrimaryReturnAirInfo given = scheme.GetGivenData();
     ReadGivenData(options, fields, HDGPRI_DJ_HEAT_ISOTH, "primary", given);
     RefusePrimary(given);
 
-    ZefraHDGPrimaryReturnAir scheme;
     scheme.SetGivenData(given);
     scheme.Calculate();
     const SHDGPrimaryReturnAirInfo after = scheme.GetGivenData();
@@ -317,6 +329,8 @@ SchemeResult RunPrimary(const SchemeOptions& options) {
     };
     AddCommonLoads(scheme, after.Qn, after.Mw, result);
     result.messages = Messages(scheme.GetResultInfo());
+    result.resultInfo = scheme.GetResultInfo();
+    result.process = process;
     return result;
 }
 
@@ -324,11 +338,13 @@ SchemeResult RunSecondary(const SchemeOptions& options) {
     GivenFields<SHDGSecondaryReturnAirInfo> fields;
     AddCommonFields<SHDGSecondaryReturnAirInfo, EHDGSecRetAirType>(fields, HDGSEC_DJ_HEAT_ISOTH, "secondary");
     fields.Number("Gr1", &SHDGSecondaryReturnAirInfo::Gr1);
-    SHDGSecondaryReturnAirInfo given;
+    auto process = std::make_shared<ZefraHDGSecondaryReturnAir>();
+    ZefraHDGSecondaryReturnAir& scheme = *process;
+    if (!options.load.empty()) LoadProcessRecord(scheme, options.load, L"二次回风处理过程", "secondary return-air");
+    SHDGSecondaryReturnAirInfo given = scheme.GetGivenData();
     ReadGivenData(options, fields, HDGSEC_DJ_HEAT_ISOTH, "secondary", given);
     RefuseSecondary(given);
 
-    ZefraHDGSecondaryReturnAir scheme;
     scheme.SetGivenData(given);
     scheme.Calculate();
     const SHDGSecondaryReturnAirInfo after = scheme.GetGivenData();
@@ -352,6 +368,8 @@ SchemeResult RunSecondary(const SchemeOptions& options) {
     };
     AddCommonLoads(scheme, after.Qn, after.Mw, result);
     result.messages = Messages(scheme.GetResultInfo());
+    result.resultInfo = scheme.GetResultInfo();
+    result.process = process;
     return result;
 }
 
@@ -406,8 +424,6 @@ void PrintText(std::ostream& out, const SchemeResult& result) {
     PrintQuantities(out, "Air flows", result.flows, 4);
     PrintQuantities(out, "Heat loads", result.loads, 4);
     PrintQuantities(out, "Moisture loads", result.moisture, 7);
-    if (!result.messages.empty()) out << "\nResult texts\n";
-    for (const std::string& message : result.messages) out << message << "\n";
 }
 
 json QuantitiesJson(const std::vector<Quantity>& quantities) {
@@ -443,12 +459,18 @@ json ResultJson(const SchemeResult& result) {
 void Run(const SchemeOptions& options, SchemeResult (*run)(const SchemeOptions&)) {
     // Set before any point of the given data is computed.
     options.pressure.Apply();
+    // The report texts are written during the calculation, in these units.
+    if (!options.units.empty()) ApplyReportUnits(options.units);
     const SchemeResult result = run(options);
     RefuseMeaningless(result);
-    if (options.json)
+    if (!options.save.empty()) SaveProcessRecord(*result.process, options.save);
+    if (options.json) {
         std::cout << ResultJson(result).dump(2) << "\n";
-    else
+    } else {
+        PrintResultTexts(std::cout, result.resultInfo, isatty(STDOUT_FILENO) != 0);
+        std::cout << "\n";
         PrintText(std::cout, result);
+    }
 }
 
 void AddSchemeCommand(CLI::App& app, const char* name, const char* description, int highestType,
@@ -462,6 +484,11 @@ void AddSchemeCommand(CLI::App& app, const char* name, const char* description, 
                         "e.g. \"PointN\": {\"Tdb\": 26, \"RH\": 0.55}");
     options->pressure.Register(*command);
     command->add_flag("--json", options->json, "print the results as JSON");
+    command->add_option("--units", options->units,
+                        "units of the report texts, e.g. Q=kW,G=m^3/h,Mw=kg/h (keys T, D, H, P, G, Q, Mw, Den)");
+    command->add_option("--save", options->save, "write the process record into this XML file");
+    command->add_option("--load", options->load,
+                        "start from the process record in this XML file (--input and --type apply on top)");
     command->callback([options, run, type]() {
         options->typeGiven = type->count() > 0;
         Run(*options, run);

@@ -5,7 +5,7 @@
 #include "LabelTestKit.h"
 
 #include "zefra/components/QoHvacDuctCalculateManager.h"
-#include "zefra/labels/QoDbObjectRegistry.h"
+#include "zefra/platform/host/QoDbObjectRegistry.h"
 #include "zefra/labels/QoHvacDuctLabelManager.h"
 #include "zefra/platform/airlib/Air.h"
 #include "zefra/platform/airlib/NT.h"

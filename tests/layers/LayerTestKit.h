@@ -25,7 +25,7 @@ protected:
     }
     void TearDown() override { acdbHostApplicationServices()->setWorkingDatabase(nullptr); }
 
-    static CString ShippedConfig() { return CString(ZEFRA_SOURCE_DATA_DIR "/branches/layers.xml"); }
+    static CString ShippedConfig() { return CString(ZEFRA_SOURCE_DATA_DIR "/Config.xml"); }
     static QoHvacDuctLayerManager& Register() { return *QoHvacDuctLayerManager::GetInstance(); }
     static void Refresh() {
         Register().ReRead();

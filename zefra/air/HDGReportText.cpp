@@ -15,6 +15,65 @@ CString Row(const CString& a, const CString& b, const CString& c) { return Row(a
 
 CString Heading(const wchar_t* heading) { return CString(heading) + HDGReportText::Rule(); }
 
+// The items of a point line, in their order. The names are those of the
+// display filter and the abbreviations; the last has no 分.
+const wchar_t* const kPointItems[] = {
+    L"干球温度", L"相对湿度", L"焓", L"含湿量", L"湿球温度", L"露点温度",
+    L"水蒸气分压力", L"密度", L"比容", L"饱和含湿量", L"饱和水蒸气压力",
+};
+constexpr int kPointItemCount = static_cast<int>(sizeof(kPointItems) / sizeof(kPointItems[0]));
+
+// What a point line takes from the chart settings, fetched once per text.
+class PointFormat {
+public:
+    explicit PointFormat(const QoHvacHDGSysSetManager& settings)
+        : m_settings(settings),
+          m_tDigits(settings.GetPrecision(L"温度")),
+          m_hDigits(settings.GetPrecision(L"焓")),
+          m_dDigits(settings.GetPrecision(L"含湿量")),
+          m_pDigits(settings.GetPrecision(L"压力")),
+          m_denDigits(settings.GetPrecision(L"密度")),
+          m_svDigits(settings.GetPrecision(L"比容")),
+          m_hUnit(settings.GetUnitsName(L"焓")),
+          m_denUnit(settings.GetUnitsName(L"密度")) {
+        for (int i = 0; i < kPointItemCount; ++i) {
+            m_abbr[i] = settings.GetAbbreviationName(kPointItems[i]);
+            m_shown[i] = settings.IsDisplayItem(kPointItems[i]);
+        }
+    }
+
+    // The items that the display filter lets through, separated by tabs.
+    CString Items(const ZefraHDGPoint& pt) const {
+        const CString figures[kPointItemCount] = {
+            Figure(pt.GetTdb(), m_tDigits) + L"℃",
+            Figure(pt.GetRH() * 100.0, 2) + L"%",
+            Figure(m_settings.HConvertStdToCur(pt.GetH()), m_hDigits) + m_hUnit,
+            Figure(pt.GetD(), m_dDigits) + L"g/kg.干空气",
+            Figure(pt.GetTwb(), m_tDigits) + L"℃",
+            Figure(pt.GetTdp(), m_tDigits) + L"℃",
+            Figure(pt.GetPv(), m_pDigits) + L"Pa",
+            Figure(m_settings.DenConvertStdToCur(pt.GetDen()), m_denDigits) + m_denUnit,
+            Figure(pt.GetSV(), m_svDigits) + L"m^3/kg",
+            Figure(pt.GetDs(), m_dDigits) + L"g/kg.干空气",
+            Figure(pt.GetPs(), m_pDigits) + L"Pa",
+        };
+        CString items;
+        for (int i = 0; i < kPointItemCount; ++i) {
+            if (!m_shown[i]) continue;
+            if (!items.IsEmpty()) items += L"\t";
+            items += m_abbr[i] + L":" + figures[i];
+        }
+        return items;
+    }
+
+private:
+    const QoHvacHDGSysSetManager& m_settings;
+    int m_tDigits, m_hDigits, m_dDigits, m_pDigits, m_denDigits, m_svDigits;
+    CString m_hUnit, m_denUnit;
+    CString m_abbr[kPointItemCount];
+    bool m_shown[kPointItemCount] = {};
+};
+
 }  // namespace
 
 HDGReportText::HDGReportText(QoHvacHDGSysSetManager& settings) : m_settings(settings) {}
@@ -23,56 +82,13 @@ const wchar_t* HDGReportText::Rule() { return L"\r\n----------------------------
 
 CString HDGReportText::PointText(const CString& title, const CNTArray<ZefraHDGPoint, ZefraHDGPoint&>& points,
                                  bool withReturnDuctRise) const {
-    static const wchar_t* const kItems[] = {
-        L"干球温度", L"相对湿度", L"焓", L"含湿量", L"湿球温度", L"露点温度",
-        L"水蒸气分压力", L"密度", L"比容", L"饱和含湿量", L"饱和水蒸气压力",
-    };
-    const int itemCount = static_cast<int>(sizeof(kItems) / sizeof(kItems[0]));
-    CString abbr[itemCount];
-    bool shown[itemCount];
-    for (int i = 0; i < itemCount; ++i) {
-        abbr[i] = m_settings.GetAbbreviationName(kItems[i]);
-        shown[i] = m_settings.IsDisplayItem(kItems[i]);
-    }
-    const int tdbDigits = m_settings.GetPrecision(L"温度");
-    const int hDigits = m_settings.GetPrecision(L"焓");
-    const int dDigits = m_settings.GetPrecision(L"含湿量");
-    const int pDigits = m_settings.GetPrecision(L"压力");
-    const int denDigits = m_settings.GetPrecision(L"密度");
-    const int svDigits = m_settings.GetPrecision(L"比容");
-    const CString hUnit = m_settings.GetUnitsName(L"焓");
-    const CString denUnit = m_settings.GetUnitsName(L"密度");
-
+    const PointFormat format(m_settings);
     CString text = title + Rule();
     for (int p = 0; p < points.GetSize(); ++p) {
-        const ZefraHDGPoint& pt = points.GetAt(p);
-        const double h = m_settings.HConvertStdToCur(pt.GetH());
-        const double den = m_settings.DenConvertStdToCur(pt.GetDen());
-
-        CString label = pt.GetName();
+        const ZefraHDGPoint& point = points.GetAt(p);
+        CString label = point.GetName();
         if (withReturnDuctRise && label.GetLength() < 2) label += L" ";  // level with "N'"
-
-        CString item[itemCount];
-        item[0].Format(L"%s:%s℃", abbr[0].GetString(), Figure(pt.GetTdb(), tdbDigits).GetString());
-        item[1].Format(L"%s:%s%%", abbr[1].GetString(), Figure(pt.GetRH() * 100.0, 2).GetString());
-        item[2].Format(L"%s:%s%s", abbr[2].GetString(), Figure(h, hDigits).GetString(), hUnit.GetString());
-        item[3].Format(L"%s:%sg/kg.干空气", abbr[3].GetString(), Figure(pt.GetD(), dDigits).GetString());
-        item[4].Format(L"%s:%s℃", abbr[4].GetString(), Figure(pt.GetTwb(), tdbDigits).GetString());
-        item[5].Format(L"%s:%s℃", abbr[5].GetString(), Figure(pt.GetTdp(), tdbDigits).GetString());
-        item[6].Format(L"%s:%sPa", abbr[6].GetString(), Figure(pt.GetPv(), pDigits).GetString());
-        item[7].Format(L"%s:%s%s", abbr[7].GetString(), Figure(den, denDigits).GetString(), denUnit.GetString());
-        item[8].Format(L"%s:%sm^3/kg", abbr[8].GetString(), Figure(pt.GetSV(), svDigits).GetString());
-        item[9].Format(L"%s:%sg/kg.干空气", abbr[9].GetString(), Figure(pt.GetDs(), dDigits).GetString());
-        item[10].Format(L"%s:%sPa", abbr[10].GetString(), Figure(pt.GetPs(), pDigits).GetString());
-
-        text += L"\r\n" + label + L": ";
-        bool first = true;
-        for (int i = 0; i < itemCount; ++i) {
-            if (!shown[i]) continue;
-            if (!first) text += L"\t";
-            text += item[i];
-            first = false;
-        }
+        text += L"\r\n" + label + L": " + format.Items(point);
     }
     return text;
 }

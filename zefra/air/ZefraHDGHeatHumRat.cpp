@@ -32,10 +32,6 @@ bool ZefraHDGHeatHumRat::Calculate() {
     return true;
 }
 
-bool ZefraHDGHeatHumRat::SaveXml(QoDtDictionary* dict) { return ZefraHDGProcess::SaveXml(dict); }
-
-bool ZefraHDGHeatHumRat::ReadXml(QoDtDictionary* dict) { return ZefraHDGProcess::ReadXml(dict); }
-
 void ZefraHDGHeatHumRat::SetHDGPointA(const ZefraHDGPoint& point) {
     HDGPointA = point;
     HDGPointA.SetName(L"A");

@@ -15,10 +15,6 @@ bool ZefraHDGLine::Calculate() {
     return true;
 }
 
-bool ZefraHDGLine::SaveXml(QoDtDictionary* dict) { return ZefraHDGProcess::SaveXml(dict); }
-
-bool ZefraHDGLine::ReadXml(QoDtDictionary* dict) { return ZefraHDGProcess::ReadXml(dict); }
-
 void ZefraHDGLine::SetHDGPointA(const ZefraHDGPoint& point) {
     HDGPointA = point;
     HDGPointA.SetName(L"A");

@@ -13,10 +13,6 @@ bool ZefraHDGMixAir::Calculate() {
     return true;
 }
 
-bool ZefraHDGMixAir::SaveXml(QoDtDictionary* dict) { return ZefraHDGProcess::SaveXml(dict); }
-
-bool ZefraHDGMixAir::ReadXml(QoDtDictionary* dict) { return ZefraHDGProcess::ReadXml(dict); }
-
 void ZefraHDGMixAir::SetHDGPointA(const ZefraHDGPoint& point) {
     HDGPointA = point;
     HDGPointA.SetName(L"A");

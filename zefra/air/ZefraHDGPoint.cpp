@@ -248,16 +248,6 @@ bool ZefraHDGPoint::CalByTwbAndTdp(double twb, double tdp) {
     return ok;
 }
 
-bool ZefraHDGPoint::SaveXml(QoDtDictionary* dict) const {
-    (void)dict;
-    return false;
-}
-
-bool ZefraHDGPoint::ReadXml(QoDtDictionary* dict) {
-    (void)dict;
-    return false;
-}
-
 EHvacHDGPointCalItemType GetHDGPtCalItemType(const CString& text) {
     // The saturated names contain the plain ones, so they are tried first.
     static const struct {

@@ -91,8 +91,9 @@ public:
     bool CalByTwbAndTdp(double Twb, double Tdp);
     bool CalByTwbAndPv(double Twb, double Pv);
 
-    // Records of the point in a configuration dictionary; not available yet,
-    // both give false.
+    // The point's record below "状态点\<name>" of the dictionary given
+    // (HDGRecords.cpp). Reading finds the record by the current name and
+    // calculates nothing.
     bool SaveXml(QoDtDictionary* dict) const;
     bool ReadXml(QoDtDictionary* dict);
 

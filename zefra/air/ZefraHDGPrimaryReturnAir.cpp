@@ -252,7 +252,10 @@ void ZefraHDGPrimaryReturnAir::MixWithPreheat() {
 }
 
 void ZefraHDGPrimaryReturnAir::AppendReportTexts() {
-    // The four report texts join ResultInfo here with the chart settings.
+    ResultInfo.Add(GetAllPointText());
+    ResultInfo.Add(GetAllText_G());
+    ResultInfo.Add(GetAllText_Q());
+    ResultInfo.Add(GetAllText_Mw());
 }
 
 CNTArray<ZefraHDGPoint, ZefraHDGPoint&> ZefraHDGPrimaryReturnAir::GetAllPoint() const {

@@ -90,6 +90,17 @@ public:
     // The points that belong on the chart, as copies.
     CNTArray<ZefraHDGPoint, ZefraHDGPoint&> GetAllPoint() const;
 
+    // The report texts (HDGSchemeReports.cpp): points, air flows, heat loads
+    // and moisture loads, in the units and precisions of the chart settings.
+    CString GetAllPointText() const;
+    CString GetAllText_G() const;
+    CString GetAllText_Q() const;
+    CString GetAllText_Mw() const;
+
+    // The record of the given data (HDGRecords.cpp).
+    bool SaveXml(QoDtDictionary* dict) override;
+    bool ReadXml(QoDtDictionary* dict) override;
+
 private:
     bool IsWinter() const { return GivenData.CalPriRetAirType >= HDGPRI_DJ_ISENTH_HEAT; }
     void NamePoints();
@@ -101,9 +112,8 @@ private:
     void MixOnOutdoorRoomLine();
     // Winter: preheating W to W' so that the mix at the summer ratio has L's enthalpy.
     void MixWithPreheat();
-    // The point, air-flow, heat-load and moisture texts are appended to
-    // ResultInfo here once the chart settings (units, precisions, display
-    // filter) are available to the process classes.
+    // The last step of each treatment: the point, air-flow, heat-load and
+    // moisture texts join ResultInfo, after any failure text.
     void AppendReportTexts();
 
     double Gn = 0.0;

@@ -184,7 +184,10 @@ void ZefraHDGSecondaryReturnAir::ReplaceDewAndMixPoints(double secondShare) {
 }
 
 void ZefraHDGSecondaryReturnAir::AppendReportTexts() {
-    // The four report texts join ResultInfo here with the chart settings.
+    ResultInfo.Add(GetAllPointText());
+    ResultInfo.Add(GetAllText_G());
+    ResultInfo.Add(GetAllText_Q());
+    ResultInfo.Add(GetMwText_Mw());
 }
 
 CNTArray<ZefraHDGPoint, ZefraHDGPoint&> ZefraHDGSecondaryReturnAir::GetAllPoint() const {

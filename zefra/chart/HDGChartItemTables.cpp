@@ -47,9 +47,9 @@ void TopUp(TABLE& table, const VALUE (&defaults)[N]) {
     for (int row = table.GetSize(); row < N; ++row) table.Add(defaults[row]);
 }
 
-template <typename TABLE, int N>
-void TopUpWith(TABLE& table, bool value) {
-    for (int row = table.GetSize(); row < N; ++row) table.Add(value);
+// The return-air tables show every item out of the box.
+void TopUpAllShown(CNTArray<bool, bool>& table, int rows) {
+    for (int row = table.GetSize(); row < rows; ++row) table.Add(true);
 }
 
 }  // namespace
@@ -63,13 +63,9 @@ const wchar_t* HDGChartItemTables::DisplayName(int row) {
     return row >= 0 && row < kDisplayRows ? kDisplayNames[row] : L"";
 }
 
-const wchar_t* HDGChartItemTables::UnitName(int row) {
-    return row >= 0 && row < kUnitRows ? kUnitNames[row] : L"";
-}
-
 void HDGChartItemTables::TopUpDisplayItems(CNTArray<bool, bool>& table) { TopUp(table, kDisplayDefaults); }
-void HDGChartItemTables::TopUpYcHfItems(CNTArray<bool, bool>& table) { TopUpWith<CNTArray<bool, bool>, kYcHfRows>(table, true); }
-void HDGChartItemTables::TopUpEcHfItems(CNTArray<bool, bool>& table) { TopUpWith<CNTArray<bool, bool>, kEcHfRows>(table, true); }
+void HDGChartItemTables::TopUpYcHfItems(CNTArray<bool, bool>& table) { TopUpAllShown(table, kYcHfRows); }
+void HDGChartItemTables::TopUpEcHfItems(CNTArray<bool, bool>& table) { TopUpAllShown(table, kEcHfRows); }
 
 void HDGChartItemTables::TopUpAbbreviations(CStringArray& table) {
     // An abbreviation is the item's own name until the user shortens it.

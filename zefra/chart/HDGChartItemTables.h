@@ -26,8 +26,8 @@ public:
     static int EcHfRow(const CString& name);
     static int UnitRow(const CString& name);
 
+    // The item name of a display row; empty outside the table.
     static const wchar_t* DisplayName(int row);
-    static const wchar_t* UnitName(int row);
 
     // Appends the built-in values of the rows from the table's current size
     // up to its full size; a full table is left as it is.

@@ -4,7 +4,7 @@
 #include "zefra/config/QoDtDictBoolItem.h"
 #include "zefra/config/QoDtDictOptionItem.h"
 #include "zefra/config/QoDtDictionary.h"
-#include "zefra/labels/QoDbObjectRegistry.h"
+#include "zefra/platform/host/QoDbObjectRegistry.h"
 #include "zefra/labels/QoHvacDuctLabelComposer.h"
 #include "zefra/platform/host/AcDbHostApplicationServices.h"
 #include "zefra/platform/host/AcDbTextStyleTable.h"

@@ -6,29 +6,13 @@
 #include "zefra/layers/QoDtInitLayer.h"
 #include "zefra/layers/QoDtLayerStandard.h"
 #include "zefra/layers/SHvacSystemKind.h"
+#include "zefra/module/QoModuleSingleton.h"
 
-#include <cstdlib>
-#include <new>
 #include <vector>
 
 using HVAC::EQoDbHvacSystemType;
 
 namespace {
-
-// The instance lives in zeroed static storage and is built on first request;
-// its destructor runs from the exit list.
-alignas(QoHvacDuctLayerManager) unsigned char g_instanceStorage[sizeof(QoHvacDuctLayerManager)];
-bool g_instanceBuilt = false;
-
-QoHvacDuctLayerManager* InstanceAddress() {
-    return std::launder(reinterpret_cast<QoHvacDuctLayerManager*>(g_instanceStorage));
-}
-
-void DestroyInstance() {
-    if (!g_instanceBuilt) return;
-    g_instanceBuilt = false;
-    InstanceAddress()->~QoHvacDuctLayerManager();
-}
 
 // The first child with that key; null for a null dictionary.
 QoDtDictItem* FindChild(QoDtDictionary* dict, const CString& key) {
@@ -57,16 +41,7 @@ bool CursorIsValid(const QoDtDictItemList& children) {
 }  // namespace
 
 QoHvacDuctLayerManager* QoHvacDuctLayerManager::GetInstance() {
-    if (g_instanceBuilt) return InstanceAddress();
-    g_instanceBuilt = true;
-    try {
-        new (g_instanceStorage) QoHvacDuctLayerManager();
-    } catch (...) {
-        g_instanceBuilt = false;
-        throw;
-    }
-    std::atexit(&DestroyInstance);
-    return InstanceAddress();
+    return QoModuleSingleton<QoHvacDuctLayerManager>::Get();
 }
 
 QoHvacDuctLayerManager::QoHvacDuctLayerManager() {

@@ -18,6 +18,9 @@
 #include "zefra/platform/entities/QoHvacEntProperty.h"
 #include "zefra/platform/mfc/CArray.h"
 
+template <typename T>
+class QoModuleSingleton;
+
 class QoHvacDuctLayerManager : public QoHvacLayerManager {
 public:
     // One assembly entry: its layer key and its layer name as it was when
@@ -98,6 +101,8 @@ public:
     bool GetDuctSysKey(const CString& name, CString& key) { return GetSysKey(name, key, HVAC::ESysDuct); }
 
 private:
+    friend class QoModuleSingleton<QoHvacDuctLayerManager>;
+
     struct KindDicts {
         QoDtDictionary* assembly = nullptr;
         QoDtDictionary* systems = nullptr;

@@ -2,7 +2,7 @@
 // An air duct run. Its outline, flange, end lines and axis each take a
 // property value of their own, which the duct applies when it draws them.
 
-#include "zefra/labels/AcGePoint3d.h"
+#include "zefra/platform/geometry/AcGePoint3d.h"
 #include "zefra/platform/entities/QoHvacEntProperty.h"
 #include "zefra/platform/entities/QoStringW.h"
 #include "zefra/platform/host/AcDbEntity.h"

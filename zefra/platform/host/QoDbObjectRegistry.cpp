@@ -1,4 +1,4 @@
-#include "zefra/labels/QoDbObjectRegistry.h"
+#include "zefra/platform/host/QoDbObjectRegistry.h"
 
 #include "zefra/platform/host/AcDbEntity.h"
 
