@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
+#include <random>
+#include <string>
+
 namespace {
 
 TEST(NTIsEqual, IncludesTheBound) {
@@ -26,6 +31,31 @@ TEST(NTFtoa, WritesExactlyTheGivenDecimalsWhateverTheFlag) {
     }
     EXPECT_EQ(ftoa(3.14159, 2, true), NT::ftoa(3.14159, 2, true));
     EXPECT_EQ(NT::ftoa(1e300, 1, false).GetLength(), 303);
+}
+
+// Figures are written with printf's digits and rounding (ties of the binary
+// value, not of its decimal reading), including the halves that sit exactly
+// on a binary fraction.
+TEST(NTFtoa, AgreesWithPrintfFixedNotation) {
+    std::mt19937_64 random(20261123);
+    std::uniform_real_distribution<double> magnitude(-8.0, 8.0);
+    char expected[400];
+    for (int i = 0; i < 20000; ++i) {
+        const double value = std::pow(10.0, magnitude(random)) * (i % 2 ? -1.0 : 1.0);
+        const int decimals = i % 7;
+        std::snprintf(expected, sizeof expected, "%.*f", decimals, value);
+        const std::string text = NT::ftoa(value, decimals, false).ToUtf8();
+        if (expected[0] == '-' && std::string(expected).find_first_not_of("-0.") == std::string::npos)
+            ASSERT_EQ(text, expected + 1) << value;
+        else
+            ASSERT_EQ(text, expected) << value << " " << decimals;
+    }
+    for (double half : {0.125, 0.375, 2.5, 1.5, -0.5, 1e21 + 0.5})
+        EXPECT_EQ(NT::ftoa(half, half == 0.125 || half == 0.375 ? 2 : 0, false).ToUtf8(),
+                  [&] {
+                      std::snprintf(expected, sizeof expected, "%.*f", half == 0.125 || half == 0.375 ? 2 : 0, half);
+                      return std::string(expected[0] == '-' && std::string(expected) == "-0" ? "0" : expected);
+                  }());
 }
 
 TEST(NTItoa, WritesDecimalIntegers) {

@@ -46,11 +46,11 @@ double GetTdbByDAndRH(double D, double RH, double B) {
     return DewPointSolver::TemperatureAt(GetPv(D, B) / RH);
 }
 
-double GetTdbByHAndRH(double H, double RH, double B) { return EnthalpyRHSolver::TemperatureAt(H, RH, B); }
+double GetTdbByHAndRH(double H, double RH, double B) { return EnthalpyRHSolver::TemperatureOnCurve(H, RH, B); }
 
 double GetTdp(double D, double B) { return DewPointSolver::TemperatureAt(GetPv(D, B)); }
 
-double GetTwb(double H, double /*RH*/, double B) { return EnthalpyRHSolver::TemperatureAt(H, 1.0, B); }
+double GetTwb(double H, double /*RH*/, double B) { return EnthalpyRHSolver::WetBulbAt(H, B); }
 
 double GetRHByPvAndPs(double Pv, double Ps) { return Pv / Ps; }
 

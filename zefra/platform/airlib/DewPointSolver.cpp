@@ -3,8 +3,11 @@
 #include "zefra/platform/airlib/HylandWexler.h"
 #include "zefra/platform/airlib/IncreasingRootFinder.h"
 #include "zefra/platform/airlib/MoistAirConstants.h"
+#include "zefra/platform/airlib/QuinticPieces.h"
 
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -12,6 +15,9 @@ namespace {
 using AIR::kHighestTemperature;
 using AIR::kKelvinOffset;
 using AIR::kLowestTemperature;
+
+constexpr double kTableLowest = HylandWexler::kTableLowest;
+constexpr double kTableHighest = HylandWexler::kTableHighest;
 
 constexpr double kErrorTolerance = 1e-11;  // K
 constexpr double kCurvesMeet = HylandWexler::kCurvesMeet;
@@ -92,9 +98,106 @@ const DewPointTables& Tables() {
     return tables;
 }
 
+// t over Pv itself, read without a logarithm. A positive double's bits, read
+// as an integer, grow with it; the exponent and the top kMantissaBits bits of
+// the mantissa cut each octave of Pv into 2^kMantissaBits pieces of equal
+// width, on which t is a quintic in the position within the piece. The piece
+// that holds the triple point, where the curve changes from ice to water, is
+// split there.
+class PressurePieces {
+public:
+    PressurePieces() {
+        const uint64_t firstKey = KeyOf(HylandWexler::FormulaPs(kTableLowest));
+        const uint64_t lastKey = KeyOf(HylandWexler::FormulaPs(kTableHighest));
+        m_firstKey = firstKey;
+        m_pressureFirst = PressureOfKey(firstKey + 1);  // the first whole piece
+        m_pressureLast = PressureOfKey(lastKey);        // the end of the last whole piece
+        m_meetPressure = std::exp(HylandWexler::LnPs(HylandWexler::kWater, HylandWexler::kCurvesMeetK));
+        m_meetKey = KeyOf(m_meetPressure);
+        m_pieces.resize(static_cast<size_t>(lastKey - firstKey));
+        for (uint64_t key = firstKey + 1; key < lastKey; ++key) {
+            const double from = PressureOfKey(key);
+            const double to = PressureOfKey(key + 1);
+            Piece& piece = m_pieces[static_cast<size_t>(key - firstKey)];
+            if (key == m_meetKey) {
+                piece = Piece::Between(from, m_meetPressure, true);
+                m_meetUpper = Piece::Between(m_meetPressure, to, false);
+            } else {
+                piece = Piece::Between(from, to, from < m_meetPressure);
+            }
+        }
+    }
+
+    bool Contains(double Pv) const { return Pv >= m_pressureFirst && Pv < m_pressureLast; }
+
+    double TemperatureAt(double Pv) const {
+        const uint64_t key = KeyOf(Pv);
+        const Piece& piece = key == m_meetKey && Pv >= m_meetPressure
+                                 ? m_meetUpper
+                                 : m_pieces[static_cast<size_t>(key - m_firstKey)];
+        return piece.shape.At((Pv - piece.from) * piece.invWidth);
+    }
+
+private:
+    static constexpr int kMantissaBits = 5;
+
+    struct Piece {
+        double from = 0.0;
+        double invWidth = 0.0;
+        QuinticPiece shape{};
+
+        static Piece Between(double from, double to, bool ice) {
+            Piece piece;
+            piece.from = from;
+            piece.invWidth = 1.0 / (to - from);
+            piece.shape = QuinticPiece::Between(NodeAt(from, ice), NodeAt(to, ice), to - from);
+            return piece;
+        }
+    };
+
+    // t, dt/dPv and d²t/dPv² where Ps(t) = Pv on one curve.
+    static QuinticNode NodeAt(double Pv, bool ice) {
+        const double t = DewPointSolver::TemperatureAtLn(std::log(Pv));
+        const LnPsTerms y =
+            HylandWexler::Terms(ice ? HylandWexler::kIce : HylandWexler::kWater, t + kKelvinOffset);
+        // dPs/dt = Pv·y′, d²Ps/dt² = Pv·(y′² + y″); the inverse's derivatives follow.
+        const double p1 = Pv * y.d1;
+        const double p2 = Pv * (y.d1 * y.d1 + y.d2);
+        return {t, 1.0 / p1, -p2 / (p1 * p1 * p1)};
+    }
+
+    static uint64_t KeyOf(double Pv) {
+        uint64_t bits;
+        std::memcpy(&bits, &Pv, sizeof bits);
+        return bits >> (52 - kMantissaBits);
+    }
+
+    static double PressureOfKey(uint64_t key) {
+        const uint64_t bits = key << (52 - kMantissaBits);
+        double Pv;
+        std::memcpy(&Pv, &bits, sizeof Pv);
+        return Pv;
+    }
+
+    uint64_t m_firstKey = 0;
+    uint64_t m_meetKey = 0;
+    double m_pressureFirst = 0.0;
+    double m_pressureLast = 0.0;
+    double m_meetPressure = 0.0;
+    std::vector<Piece> m_pieces;
+    Piece m_meetUpper;
+};
+
+const PressurePieces& Pieces() {
+    static const PressurePieces pieces;
+    return pieces;
+}
+
 }  // namespace
 
 double DewPointSolver::TemperatureAt(double Pv) {
+    const PressurePieces& pieces = Pieces();
+    if (pieces.Contains(Pv)) return pieces.TemperatureAt(Pv);
     if (!(Pv > 0.0)) return kLowestTemperature;
     return TemperatureAtLn(std::log(Pv));
 }

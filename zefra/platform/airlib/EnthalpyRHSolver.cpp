@@ -1,12 +1,16 @@
 #include "zefra/platform/airlib/EnthalpyRHSolver.h"
 
+#include "zefra/platform/airlib/DewPointSolver.h"
 #include "zefra/platform/airlib/HylandWexler.h"
 #include "zefra/platform/airlib/IncreasingRootFinder.h"
 #include "zefra/platform/airlib/MoistAirConstants.h"
+#include "zefra/platform/airlib/QuinticPieces.h"
 
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <limits>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -46,12 +50,21 @@ struct EnthalpyResidual {
     double q;
 
     RootTerms operator()(double t) const {
-        const LnPsTerms l = HylandWexler::Terms(ice ? HylandWexler::kIce : HylandWexler::kWater, t + kKelvinOffset);
-        const double ps = std::exp(l.value);
-        double x = q * ps;
-        const double x1 = x * l.d1;
-        const double x2 = x * (l.d1 * l.d1 + l.d2);
-        const double x3 = x * (l.d1 * (l.d1 * l.d1 + 3.0 * l.d2) + l.d3);
+        // Ps and its derivatives from the curve's table where it reaches, as
+        // AIR::GetPs reads them; from ln Ps elsewhere.
+        double ps[4];
+        if (!HylandWexler::TableTerms(ice, t, ps)) {
+            const LnPsTerms l =
+                HylandWexler::Terms(ice ? HylandWexler::kIce : HylandWexler::kWater, t + kKelvinOffset);
+            ps[0] = std::exp(l.value);
+            ps[1] = ps[0] * l.d1;
+            ps[2] = ps[0] * (l.d1 * l.d1 + l.d2);
+            ps[3] = ps[0] * (l.d1 * (l.d1 * l.d1 + 3.0 * l.d2) + l.d3);
+        }
+        double x = q * ps[0];
+        const double x1 = q * ps[1];
+        const double x2 = q * ps[2];
+        const double x3 = q * ps[3];
         const bool bounded = x > 1.0 - AIR::kMinDryAirShare;
         const ShareTerms s(x);
         const double d = kMoistureFactor * s.g;
@@ -189,6 +202,125 @@ const GuessTables& Tables() {
     return tables;
 }
 
+// The states of one relative humidity and pressure: t over H along the
+// curve of that RH, in quintic pieces of equal width in H, split where the
+// ice and water curves meet. Built from the exact relation.
+class EnthalpyCurvePieces {
+public:
+    EnthalpyCurvePieces(double RH, double B) {
+        const double q = RH / B;
+        const double meetH = EnthalpyAtMeeting(RH, B, PsAtMeeting());
+        const double lowestH = CurveEnthalpy(HylandWexler::kIce, kTableLowestT, q);
+        // Up to 60 °C, or to where vapour is a quarter of the air, if lower.
+        const double quarter = DewPointSolver::TemperatureAt(0.25 * B / RH);
+        const double topT = quarter < kTableHighestT ? quarter : kTableHighestT;
+        m_ice = Branch(true, lowestH, meetH, q);
+        if (topT > kMeetT + 1.0) m_water = Branch(false, meetH, CurveEnthalpy(HylandWexler::kWater, topT, q), q);
+    }
+
+    // NaN and enthalpies beyond the pieces give false.
+    bool TemperatureAt(double H, double& t) const {
+        if (m_ice.Contains(H)) {
+            t = H < m_ice.Last() ? m_ice.At(H) : kMeetT;
+            return true;
+        }
+        if (m_water.Contains(H)) {
+            t = m_water.At(H);
+            return true;
+        }
+        return false;
+    }
+
+    // Where pieces are worth building: RH and B of air-handling practice.
+    static bool Covers(double RH, double B) { return RH >= 1e-3 && RH <= 1.5 && B >= 10000.0 && B <= 200000.0; }
+
+private:
+    static constexpr double kTableLowestT = -100.0;
+    static constexpr double kTableHighestT = 60.0;
+    static constexpr double kPieceWidth = 0.5;  // kJ/kg
+
+    static double CurveEnthalpy(const Curve& curve, double t, double q) {
+        double x = q * std::exp(HylandWexler::LnPs(curve, t + kKelvinOffset));
+        return 1.01 * t + 0.001 * kMoistureFactor * ShareTerms(x).g * (2500.0 + 1.84 * t);
+    }
+
+    static UniformQuinticTable Branch(bool ice, double firstH, double lastH, double q) {
+        const int pieces = static_cast<int>(std::ceil((lastH - firstH) / kPieceWidth));
+        const IncreasingRootFinder& finder = ice ? kIceFinder : kWaterFinder;
+        double t = ice ? kTableLowestT : kMeetT;
+        return UniformQuinticTable(firstH, lastH, pieces, [&](double H) {
+            const EnthalpyResidual residual{ice, H, q};
+            // From the last node, a tenth of a kelvin away, the error estimate
+            // that ends the search can undershoot; a second search from the
+            // first one's result settles the node to rounding.
+            t = finder.Solve(residual, finder.Solve(residual, t));
+            const RootTerms r = residual(t);
+            // dt/dH = 1 / H′(t), d²t/dH² = −H″ / H′³.
+            return QuinticNode{t, 1.0 / r.d1, -r.d2 / (r.d1 * r.d1 * r.d1)};
+        });
+    }
+
+    UniformQuinticTable m_ice;
+    UniformQuinticTable m_water;
+};
+
+// The pieces of the (RH, B) pairs in steady use on one thread. Building a
+// curve costs about as much as a thousand solves, so a pair earns its pieces
+// only after that many calls: no pattern of use then costs more than about
+// twice the plain solves, and a pair in steady use costs a tenth of them.
+// The wet bulbs of a pressure are built at once: pressures rarely change.
+class CurvePiecesCache {
+public:
+    const EnthalpyCurvePieces* Find(double RH, double B, bool buildAtOnce) {
+        Slot* slot = SlotOf(RH, B);
+        if (!slot) {
+            if (!EnthalpyCurvePieces::Covers(RH, B)) return nullptr;
+            slot = Evict();
+            *slot = Slot{RH, B, 0, nullptr};
+        }
+        if (!slot->pieces && (buildAtOnce || ++slot->uses >= kUsesBeforeBuilding)) {
+            slot->pieces = std::make_unique<EnthalpyCurvePieces>(RH, B);
+            slot->uses = kUsesBeforeBuilding;
+        }
+        return slot->pieces.get();
+    }
+
+private:
+    static constexpr int kSlots = 8;
+    static constexpr long kUsesBeforeBuilding = 1024;
+
+    struct Slot {
+        double rh = std::numeric_limits<double>::quiet_NaN();
+        double b = std::numeric_limits<double>::quiet_NaN();
+        long uses = 0;
+        std::unique_ptr<EnthalpyCurvePieces> pieces;
+    };
+
+    Slot* SlotOf(double RH, double B) {
+        for (Slot& slot : m_slots)
+            if (slot.rh == RH && slot.b == B) return &slot;
+        return nullptr;
+    }
+
+    // The least used slot gives way; every count then halves, so that pairs
+    // no longer in use give way in time.
+    Slot* Evict() {
+        Slot* least = &m_slots[0];
+        for (Slot& slot : m_slots) {
+            if (slot.uses < least->uses) least = &slot;
+            slot.uses /= 2;
+        }
+        return least;
+    }
+
+    Slot m_slots[kSlots];
+};
+
+CurvePiecesCache& PiecesCache() {
+    thread_local CurvePiecesCache cache;
+    return cache;
+}
+
 }  // namespace
 
 double EnthalpyRHSolver::TemperatureAt(double H, double RH, double B) {
@@ -206,4 +338,18 @@ double EnthalpyRHSolver::TemperatureAt(double H, double RH, double B) {
         guess = (1.0 - share) * H / 1.01 + share * table.Guess(u, kSmallestQ);
     }
     return (ice ? kIceFinder : kWaterFinder).Solve(EnthalpyResidual{ice, H, q}, guess);
+}
+
+double EnthalpyRHSolver::TemperatureOnCurve(double H, double RH, double B) {
+    const EnthalpyCurvePieces* pieces = PiecesCache().Find(RH, B, false);
+    double t;
+    if (pieces && pieces->TemperatureAt(H, t)) return t;
+    return TemperatureAt(H, RH, B);
+}
+
+double EnthalpyRHSolver::WetBulbAt(double H, double B) {
+    const EnthalpyCurvePieces* pieces = PiecesCache().Find(1.0, B, true);
+    double t;
+    if (pieces && pieces->TemperatureAt(H, t)) return t;
+    return TemperatureAt(H, 1.0, B);
 }

@@ -57,9 +57,20 @@ public:
         return terms;
     }
 
-    // Ps in Pa at t in °C.
-    static double Ps(double t) {
+    // Ps in Pa at t in °C, by the formula.
+    static double FormulaPs(double t) {
         const double T = t + AIR::kKelvinOffset;
         return std::exp(LnPs(CurveAt(T), T));
     }
+
+    // Ps in Pa at t in °C, from the tables where they reach.
+    static double Ps(double t);
+
+    // Ps and its first three derivatives in t from the table of one curve;
+    // false outside the tables' reach.
+    static bool TableTerms(bool ice, double t, double terms[4]);
+
+    // Where the tables of Ps reach, in °C.
+    static constexpr double kTableLowest = -100.0;
+    static constexpr double kTableHighest = 200.0;
 };
