@@ -3,6 +3,8 @@
 #include "zefra/chart/QoHvacHDGSysSetManager.h"
 #include "zefra/platform/airlib/NT.h"
 
+#include <string>
+
 namespace {
 
 const double kBalanceTolerance = 0.001;
@@ -23,6 +25,12 @@ const wchar_t* const kPointItems[] = {
 };
 constexpr int kPointItemCount = static_cast<int>(sizeof(kPointItems) / sizeof(kPointItems[0]));
 
+const std::wstring kCelsius = L"℃";
+const std::wstring kPercent = L"%";
+const std::wstring kPerDryAir = L"g/kg.干空气";
+const std::wstring kPascal = L"Pa";
+const std::wstring kPerKilogram = L"m^3/kg";
+
 // What a point line takes from the chart settings, fetched once per text.
 class PointFormat {
 public:
@@ -42,28 +50,28 @@ public:
         }
     }
 
-    // The items that the display filter lets through, separated by tabs.
-    CString Items(const ZefraHDGPoint& pt) const {
-        const CString figures[kPointItemCount] = {
-            Figure(pt.GetTdb(), m_tDigits) + L"℃",
-            Figure(pt.GetRH() * 100.0, 2) + L"%",
-            Figure(m_settings.HConvertStdToCur(pt.GetH()), m_hDigits) + m_hUnit,
-            Figure(pt.GetD(), m_dDigits) + L"g/kg.干空气",
-            Figure(pt.GetTwb(), m_tDigits) + L"℃",
-            Figure(pt.GetTdp(), m_tDigits) + L"℃",
-            Figure(pt.GetPv(), m_pDigits) + L"Pa",
-            Figure(m_settings.DenConvertStdToCur(pt.GetDen()), m_denDigits) + m_denUnit,
-            Figure(pt.GetSV(), m_svDigits) + L"m^3/kg",
-            Figure(pt.GetDs(), m_dDigits) + L"g/kg.干空气",
-            Figure(pt.GetPs(), m_pDigits) + L"Pa",
+    // The items that the display filter lets through, separated by tabs,
+    // appended to out.
+    void AppendItems(std::wstring& out, const ZefraHDGPoint& pt) const {
+        const double values[kPointItemCount] = {
+            pt.GetTdb(), pt.GetRH() * 100.0, m_settings.HConvertStdToCur(pt.GetH()), pt.GetD(), pt.GetTwb(),
+            pt.GetTdp(), pt.GetPv(), m_settings.DenConvertStdToCur(pt.GetDen()), pt.GetSV(), pt.GetDs(), pt.GetPs(),
         };
-        CString items;
+        const int digits[kPointItemCount] = {m_tDigits, 2, m_hDigits, m_dDigits, m_tDigits, m_tDigits,
+                                             m_pDigits, m_denDigits, m_svDigits, m_dDigits, m_pDigits};
+        const std::wstring* units[kPointItemCount] = {&kCelsius, &kPercent, &m_hUnit.Str(), &kPerDryAir,
+                                                      &kCelsius, &kCelsius, &kPascal, &m_denUnit.Str(),
+                                                      &kPerKilogram, &kPerDryAir, &kPascal};
+        bool first = true;
         for (int i = 0; i < kPointItemCount; ++i) {
             if (!m_shown[i]) continue;
-            if (!items.IsEmpty()) items += L"\t";
-            items += m_abbr[i] + L":" + figures[i];
+            if (!first) out += L'\t';
+            first = false;
+            out += m_abbr[i].Str();
+            out += L':';
+            NT::AppendFixed(out, values[i], digits[i]);
+            out += *units[i];
         }
-        return items;
     }
 
 private:
@@ -83,14 +91,17 @@ const wchar_t* HDGReportText::Rule() { return L"\r\n----------------------------
 CString HDGReportText::PointText(const CString& title, const CNTArray<ZefraHDGPoint, ZefraHDGPoint&>& points,
                                  bool withReturnDuctRise) const {
     const PointFormat format(m_settings);
-    CString text = title + Rule();
+    std::wstring text = title.Str() + Rule();
+    text.reserve(text.size() + static_cast<size_t>(points.GetSize()) * 256);
     for (int p = 0; p < points.GetSize(); ++p) {
         const ZefraHDGPoint& point = points.GetAt(p);
-        CString label = point.GetName();
-        if (withReturnDuctRise && label.GetLength() < 2) label += L" ";  // level with "N'"
-        text += L"\r\n" + label + L": " + format.Items(point);
+        text += L"\r\n";
+        text += point.GetName().Str();
+        if (withReturnDuctRise && point.GetName().GetLength() < 2) text += L' ';  // level with "N'"
+        text += L": ";
+        format.AppendItems(text, point);
     }
-    return text;
+    return CString(std::move(text));
 }
 
 CString HDGReportText::Flow(const wchar_t* format, double flow) const {

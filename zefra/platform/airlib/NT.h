@@ -3,6 +3,8 @@
 
 #include "zefra/platform/mfc/CString.h"
 
+#include <string>
+
 namespace NT {
 
 // True when a and b differ by no more than tolerance (the bound included).
@@ -14,6 +16,9 @@ bool IsEqual(double a, double b, double tolerance);
 // forms keep every decimal. A result that rounds to zero never carries a
 // minus sign. Negative counts write no decimals, counts above 30 write 30.
 CString ftoa(double value, int decimals, bool flag);
+
+// The text of ftoa appended to out, for callers that build long texts.
+void AppendFixed(std::wstring& out, double value, int decimals);
 
 // Decimal text of the integer.
 CString itoa(int value);
