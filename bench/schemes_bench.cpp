@@ -70,6 +70,34 @@ void BM_Schemes_SecondaryCalculate(benchmark::State& state) {
 }
 BENCHMARK(BM_Schemes_SecondaryCalculate)->DenseRange(0, 4);
 
+// The four report texts that Calculate appends, alone, on a calculated
+// scheme: the share of Calculate that is text rather than air.
+void BM_Schemes_PrimaryReportTexts(benchmark::State& state) {
+    ZefraHDGPrimaryReturnAir scheme;
+    scheme.SetGivenData(PrimaryGiven(0));
+    scheme.Calculate();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(scheme.GetAllPointText());
+        benchmark::DoNotOptimize(scheme.GetAllText_G());
+        benchmark::DoNotOptimize(scheme.GetAllText_Q());
+        benchmark::DoNotOptimize(scheme.GetAllText_Mw());
+    }
+}
+BENCHMARK(BM_Schemes_PrimaryReportTexts);
+
+void BM_Schemes_SecondaryReportTexts(benchmark::State& state) {
+    ZefraHDGSecondaryReturnAir scheme;
+    scheme.SetGivenData(SecondaryGiven(0));
+    scheme.Calculate();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(scheme.GetAllPointText());
+        benchmark::DoNotOptimize(scheme.GetAllText_G());
+        benchmark::DoNotOptimize(scheme.GetAllText_Q());
+        benchmark::DoNotOptimize(scheme.GetMwText_Mw());
+    }
+}
+BENCHMARK(BM_Schemes_SecondaryReportTexts);
+
 // The two searches alone, as the schemes run them on their given data, and
 // the full walks they replace.
 struct PrimarySearchCase {
