@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <string>
 
+struct SHDGChartOverlay;
+
 namespace zefra::cli {
 
 // Bad input from the user: printed as "zefra: <message>", exit code 2.
@@ -27,5 +29,15 @@ void RegisterConfigCommands(CLI::App& app);  // config dump|get|set
 void RegisterSettingsCommands(CLI::App& app);  // settings, flange
 void RegisterLayerCommands(CLI::App& app);   // systems list|add|del, layer
 void RegisterLabelCommands(CLI::App& app);   // label
+void RegisterChartCommands(CLI::App& app);   // chart
+
+// The chart's file: its ending (.svg, .png, .pdf) gives the format. Checked
+// before anything is calculated; throws UsageError for any other ending.
+void CheckChartFile(const std::string& file);
+// Draws the chart of the current settings at the current pressure, with the
+// process over it when not null, into `file`. Notes on what was left out go
+// to standard error; throws UsageError when the chart can't be made or
+// written.
+void WriteChart(const std::string& file, const SHDGChartOverlay* overlay);
 
 }  // namespace zefra::cli

@@ -7,6 +7,7 @@
 #include "ReportOptions.h"
 
 #include "zefra/air/HDGCurB.h"
+#include "zefra/air/HDGSchemeChartOverlay.h"
 #include "zefra/air/ZefraHDGPrimaryReturnAir.h"
 #include "zefra/air/ZefraHDGSecondaryReturnAir.h"
 #include "zefra/platform/geometry/Zero.h"
@@ -39,6 +40,7 @@ struct SchemeOptions {
     std::string units;  // units of the report texts, "Q=kW,G=m^3/h"
     std::string save;   // file for the process record
     std::string load;   // file with a process record to start from
+    std::string chart;  // file for the chart with the process drawn over it
 };
 
 // ---- Reading the given data -------------------------------------------------
@@ -249,6 +251,7 @@ struct SchemeResult {
     // ResultInfo as the scheme wrote it, for the report window.
     CStringArray resultInfo;
     std::shared_ptr<ZefraHDGProcess> process;
+    SHDGChartOverlay overlay;  // the process for the chart
 };
 
 const char* PrimaryTypeMeaning(int type) {
@@ -331,6 +334,7 @@ SchemeResult RunPrimary(const SchemeOptions& options) {
     result.messages = Messages(scheme.GetResultInfo());
     result.resultInfo = scheme.GetResultInfo();
     result.process = process;
+    result.overlay = HDGChartOverlayOf(scheme);
     return result;
 }
 
@@ -370,6 +374,7 @@ SchemeResult RunSecondary(const SchemeOptions& options) {
     result.messages = Messages(scheme.GetResultInfo());
     result.resultInfo = scheme.GetResultInfo();
     result.process = process;
+    result.overlay = HDGChartOverlayOf(scheme);
     return result;
 }
 
@@ -459,11 +464,13 @@ json ResultJson(const SchemeResult& result) {
 void Run(const SchemeOptions& options, SchemeResult (*run)(const SchemeOptions&)) {
     // Set before any point of the given data is computed.
     options.pressure.Apply();
+    if (!options.chart.empty()) CheckChartFile(options.chart);
     // The report texts are written during the calculation, in these units.
     if (!options.units.empty()) ApplyReportUnits(options.units);
     const SchemeResult result = run(options);
     RefuseMeaningless(result);
     if (!options.save.empty()) SaveProcessRecord(*result.process, options.save);
+    if (!options.chart.empty()) WriteChart(options.chart, &result.overlay);
     if (options.json) {
         std::cout << ResultJson(result).dump(2) << "\n";
     } else {
@@ -489,6 +496,8 @@ void AddSchemeCommand(CLI::App& app, const char* name, const char* description, 
     command->add_option("--save", options->save, "write the process record into this XML file");
     command->add_option("--load", options->load,
                         "start from the process record in this XML file (--input and --type apply on top)");
+    command->add_option("--chart", options->chart,
+                        "draw the process on the enthalpy-humidity chart into this file (.svg, .png or .pdf)");
     command->callback([options, run, type]() {
         options->typeGiven = type->count() > 0;
         Run(*options, run);

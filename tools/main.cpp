@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
     zefra::cli::RegisterSettingsCommands(app);
     zefra::cli::RegisterLayerCommands(app);
     zefra::cli::RegisterLabelCommands(app);
+    zefra::cli::RegisterChartCommands(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {

@@ -19,6 +19,7 @@ size_t QoDtChildIndex::Hash(std::wstring_view key) {
 }
 
 void QoDtChildIndex::Drop() {
+    if (!m_built) return;  // nothing was entered since the last Drop
     m_slots.clear();
     m_slots.shrink_to_fit();
     m_count = 0;

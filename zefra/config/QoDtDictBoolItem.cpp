@@ -8,30 +8,31 @@ void QoDtDictBoolItem::CopyData(const QoDtDictItem& other) {
     if (other.GetType() == GetType()) value = static_cast<const QoDtDictBoolItem&>(other).value;
 }
 
-void QoDtDictBoolItem::operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const {
-    WriteCommon(*node);
+void QoDtDictBoolItem::WriteXml(QoDtXmlOutput& out) const {
+    WriteStartXml(out);
     if (value == 0 || value == 1) {
-        node->SetText(std::string_view(value != 0 ? "true" : "false"));
-        return;
+        out.Text(std::string_view(value != 0 ? "true" : "false"));
+    } else {
+        std::string& text = out.Buffer();
+        text.clear();
+        QoDtTextCodec::AppendInt(text, value);
+        out.Text(std::string_view(text));
     }
-    std::string& text = node->Buffer();
-    text.clear();
-    QoDtTextCodec::AppendInt(text, value);
-    node->SetText(std::string_view(text));
+    out.Close();
 }
 
-bool QoDtDictBoolItem::operator<<(_auto_ptr<QoUtXMLDOMNode>& node) {
-    if (!ExpectTextOnly(*node)) return false;
-    const std::string_view text = QoDtTextCodec::TrimSpace(node->GetText());
-    int parsed = 0;
+bool QoDtDictBoolItem::ReadXml(QoUtXMLDOMNode& node) { return ReadTextElement(node); }
+
+bool QoDtDictBoolItem::ReadXmlValue(std::string_view text, std::string* cause) {
+    text = QoDtTextCodec::TrimSpace(text);
     if (text == "true") {
-        parsed = 1;
-    } else if (text != "false" && !QoDtTextCodec::ParseInt(text, parsed)) {
-        node->Fail("a Boolean must be true or false in " + Describe(node->Element()));
+        value = 1;
+    } else if (text == "false") {
+        value = 0;
+    } else if (!QoDtTextCodec::ParseInt(text, value)) {
+        if (cause != nullptr) *cause = "a Boolean must be true or false";
         return false;
     }
-    TakeCommon(ReadCommon(*node));
-    value = parsed;
     return true;
 }
 

@@ -27,20 +27,21 @@ void QoDtDictDoubleArrayItem::CopyData(const QoDtDictItem& other) {
     if (other.GetType() == GetType() && &other != this) value = static_cast<const QoDtDictDoubleArrayItem&>(other).value;
 }
 
-void QoDtDictDoubleArrayItem::operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const {
-    WriteCommon(*node);
-    std::string& text = node->Buffer();
+void QoDtDictDoubleArrayItem::WriteXml(QoDtXmlOutput& out) const {
+    WriteStartXml(out);
+    std::string& text = out.Buffer();
     text.clear();
     for (const double* number = value.GetFirst(); number != nullptr; number = value.GetNext(number)) {
         if (!text.empty()) text.push_back(' ');
         QoDtTextCodec::AppendDouble(text, *number);
     }
-    if (!text.empty()) node->SetText(std::string_view(text));
+    out.Text(std::string_view(text));
+    out.Close();
 }
 
-bool QoDtDictDoubleArrayItem::operator<<(_auto_ptr<QoUtXMLDOMNode>& node) {
-    if (!ExpectTextOnly(*node)) return false;
-    const std::string_view text = node->GetText();
+bool QoDtDictDoubleArrayItem::ReadXml(QoUtXMLDOMNode& node) { return ReadTextElement(node); }
+
+bool QoDtDictDoubleArrayItem::ReadXmlValue(std::string_view text, std::string* cause) {
     std::vector<double> parsed;
     for (size_t i = 0; i < text.size();) {
         if (IsSpace(text[i])) {
@@ -51,13 +52,12 @@ bool QoDtDictDoubleArrayItem::operator<<(_auto_ptr<QoUtXMLDOMNode>& node) {
         while (end < text.size() && !IsSpace(text[end])) ++end;
         double number = 0.0;
         if (!QoDtTextCodec::ParseDouble(text.substr(i, end - i), number)) {
-            node->Fail("\"" + std::string(text.substr(i, end - i)) + "\" is not a number in " + Describe(node->Element()));
+            if (cause != nullptr) *cause = "\"" + std::string(text.substr(i, end - i)) + "\" is not a number";
             return false;
         }
         parsed.push_back(number);
         i = end;
     }
-    TakeCommon(ReadCommon(*node));
     AssignNumbers(value, parsed);
     return true;
 }

@@ -8,24 +8,21 @@ void QoDtDictDoubleItem::CopyData(const QoDtDictItem& other) {
     if (other.GetType() == GetType()) value = static_cast<const QoDtDictDoubleItem&>(other).value;
 }
 
-void QoDtDictDoubleItem::operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const {
-    WriteCommon(*node);
-    std::string& text = node->Buffer();
+void QoDtDictDoubleItem::WriteXml(QoDtXmlOutput& out) const {
+    WriteStartXml(out);
+    std::string& text = out.Buffer();
     text.clear();
     QoDtTextCodec::AppendDouble(text, value);
-    node->SetText(std::string_view(text));
+    out.Text(std::string_view(text));
+    out.Close();
 }
 
-bool QoDtDictDoubleItem::operator<<(_auto_ptr<QoUtXMLDOMNode>& node) {
-    if (!ExpectTextOnly(*node)) return false;
-    double parsed = 0.0;
-    if (!QoDtTextCodec::ParseDouble(node->GetText(), parsed)) {
-        node->Fail("not a number in " + Describe(node->Element()));
-        return false;
-    }
-    TakeCommon(ReadCommon(*node));
-    value = parsed;
-    return true;
+bool QoDtDictDoubleItem::ReadXml(QoUtXMLDOMNode& node) { return ReadTextElement(node); }
+
+bool QoDtDictDoubleItem::ReadXmlValue(std::string_view text, std::string* cause) {
+    if (QoDtTextCodec::ParseDouble(text, value)) return true;
+    if (cause != nullptr) *cause = "not a number";
+    return false;
 }
 
 void QoDtDictDoubleItem::operator>>(CArchive& ar) const {

@@ -8,24 +8,21 @@ void QoDtDictIntItem::CopyData(const QoDtDictItem& other) {
     if (other.GetType() == GetType()) value = static_cast<const QoDtDictIntItem&>(other).value;
 }
 
-void QoDtDictIntItem::operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const {
-    WriteCommon(*node);
-    std::string& text = node->Buffer();
+void QoDtDictIntItem::WriteXml(QoDtXmlOutput& out) const {
+    WriteStartXml(out);
+    std::string& text = out.Buffer();
     text.clear();
     QoDtTextCodec::AppendInt(text, value);
-    node->SetText(std::string_view(text));
+    out.Text(std::string_view(text));
+    out.Close();
 }
 
-bool QoDtDictIntItem::operator<<(_auto_ptr<QoUtXMLDOMNode>& node) {
-    if (!ExpectTextOnly(*node)) return false;
-    int parsed = 0;
-    if (!QoDtTextCodec::ParseInt(node->GetText(), parsed)) {
-        node->Fail("not a 32-bit integer in " + Describe(node->Element()));
-        return false;
-    }
-    TakeCommon(ReadCommon(*node));
-    value = parsed;
-    return true;
+bool QoDtDictIntItem::ReadXml(QoUtXMLDOMNode& node) { return ReadTextElement(node); }
+
+bool QoDtDictIntItem::ReadXmlValue(std::string_view text, std::string* cause) {
+    if (QoDtTextCodec::ParseInt(text, value)) return true;
+    if (cause != nullptr) *cause = "not a 32-bit integer";
+    return false;
 }
 
 void QoDtDictIntItem::operator>>(CArchive& ar) const {

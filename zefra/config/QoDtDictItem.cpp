@@ -45,13 +45,17 @@ void QoDtDictItem::CopyCommon(const QoDtDictItem& other) {
     m_attributes = other.m_attributes;
 }
 
-void QoDtDictItem::operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const { WriteCommon(*node); }
+void QoDtDictItem::operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const {
+    QoDtXmlDomOutput out(node->Element());
+    WriteXml(out);
+}
 
 void QoDtDictItem::operator>>(CArchive& ar) const { WriteCommon(ar); }
 
 bool QoDtDictItem::operator<<(_auto_ptr<QoUtXMLDOMNode>& node) {
-    if (!ExpectNoContent(*node)) return false;
-    TakeCommon(ReadCommon(*node));
+    std::unique_ptr<QoDtDictItem> fresh(Create(GetType()));
+    if (!fresh->ReadXml(*node)) return false;
+    CopyData(*fresh);
     return true;
 }
 
@@ -62,33 +66,64 @@ bool QoDtDictItem::operator<<(CArchive& ar) {
     });
 }
 
-void QoDtDictItem::WriteCommon(QoUtXMLDOMNode& node) const {
-    node.SetTag(GetTypeName(GetType()));
-    node.AddAttribute("name", name);
-    if (!localname.IsEmpty()) node.AddAttribute("localname", localname);
-    m_attributes.ForEach([&node](const CString& attribute, const CString& value) {
-        node.AddStoreAttribute(attribute, value);
+void QoDtDictItem::WriteXml(QoDtXmlOutput& out) const {
+    WriteStartXml(out);
+    out.Close();
+}
+
+bool QoDtDictItem::ReadXml(QoUtXMLDOMNode& node) {
+    if (!ExpectNoContent(node)) return false;
+    ReadCommonXml(node.Element());
+    return true;
+}
+
+void QoDtDictItem::WriteStartXml(QoDtXmlOutput& out) const {
+    out.Open(GetTypeName(GetType()));
+    out.Attribute("name", name);
+    if (!localname.IsEmpty()) out.Attribute("localname", localname);
+    m_attributes.ForEach([&out](const CString& attribute, const CString& value) {
+        std::string& xmlName = out.NameBuffer();
+        xmlName.clear();
+        QoDtTextCodec::AppendXmlName(xmlName, attribute);
+        out.Attribute(xmlName.c_str(), value);
     });
 }
 
-QoDtDictItem::Common QoDtDictItem::ReadCommon(const QoUtXMLDOMNode& node) const {
-    Common common;
-    int others = -2;  // "name" and "localname" are fields
-    for (pugi::xml_attribute attribute = node.Element().first_attribute(); attribute; attribute = attribute.next_attribute())
-        ++others;
-    if (others > 0) common.attributes.Reserve(others);
-    for (pugi::xml_attribute attribute : node.Element().attributes()) {
-        const char* xmlName = attribute.name();
-        const char* text = attribute.value();
-        if (std::strcmp(xmlName, "name") == 0) {
-            common.name = QoDtTextCodec::FromUtf8(text, std::strlen(text));
-        } else if (std::strcmp(xmlName, "localname") == 0) {
-            common.localname = QoDtTextCodec::FromUtf8(text, std::strlen(text));
-        } else {
-            common.attributes.Set(QoDtTextCodec::FromXmlName(xmlName), QoDtTextCodec::FromUtf8(text, std::strlen(text)));
-        }
+void QoDtDictItem::ReadCommonXml(pugi::xml_node element) {
+    for (pugi::xml_attribute attribute = element.first_attribute(); attribute; attribute = attribute.next_attribute()) {
+        const char* const text = attribute.value();
+        TakeXmlAttribute(attribute.name(), QoDtTextCodec::FromUtf8(text, std::strlen(text)));
     }
-    return common;
+}
+
+void QoDtDictItem::TakeXmlAttribute(std::string_view xmlName, CString&& value) {
+    if (xmlName == "name") {
+        // The item is new and in no list yet, so no list needs telling.
+        static_cast<CString&>(name) = std::move(value);
+    } else if (xmlName == "localname") {
+        localname = std::move(value);
+    } else {
+        // Most rows carry two attributes.
+        if (m_attributes.GetCount() == 0) m_attributes.Reserve(2);
+        m_attributes.Set(QoDtTextCodec::FromXmlName(xmlName), std::move(value));
+    }
+}
+
+bool QoDtDictItem::ReadXmlValue(std::string_view, std::string* cause) {
+    if (cause != nullptr) *cause = "no text expected";
+    return false;
+}
+
+bool QoDtDictItem::ReadTextElement(QoUtXMLDOMNode& node) {
+    std::string_view text;
+    if (!ReadTextOnly(node, text)) return false;
+    std::string cause;
+    if (!ReadXmlValue(text, &cause)) {
+        node.Fail(cause + " in " + Describe(node.Element()));
+        return false;
+    }
+    ReadCommonXml(node.Element());
+    return true;
 }
 
 void QoDtDictItem::WriteCommon(CArchive& ar) const {
@@ -118,6 +153,10 @@ void QoDtDictItem::TakeCommon(Common&& common) {
 }
 
 bool QoDtDictItem::ExpectNoContent(QoUtXMLDOMNode& node) {
+    if (!IsBlank(node.Element().value())) {
+        node.FailAt(node.Element(), "unexpected content in " + Describe(node.Element()));
+        return false;
+    }
     for (pugi::xml_node child : node.Element().children()) {
         const bool blankText = (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) && IsBlank(child.value());
         if (!blankText && child.type() != pugi::node_comment && child.type() != pugi::node_pi) {
@@ -129,13 +168,20 @@ bool QoDtDictItem::ExpectNoContent(QoUtXMLDOMNode& node) {
     return true;
 }
 
-bool QoDtDictItem::ExpectTextOnly(QoUtXMLDOMNode& node) {
-    for (pugi::xml_node child : node.Element().children()) {
+bool QoDtDictItem::ReadTextOnly(QoUtXMLDOMNode& node, std::string_view& text) {
+    // Mostly the element's value and nothing else (see QoDtXmlFile).
+    const pugi::xml_node first = node.Element().first_child();
+    if (!first) {
+        text = node.Element().value();
+        return true;
+    }
+    for (pugi::xml_node child = first; child; child = child.next_sibling()) {
         if (child.type() == pugi::node_element) {
             node.FailAt(child, "unexpected element <" + std::string(child.name()) + "> in " + Describe(node.Element()));
             return false;
         }
     }
+    text = node.GetText();
     return true;
 }
 

@@ -6,10 +6,14 @@
 //
 // Every item writes itself to and reads itself from an XML element and a
 // binary archive: `item >> target` writes, `item << source` reads. A read
-// that fails gives false and leaves the item as it was.
+// that fails gives false and leaves the item as it was. Writing goes through
+// WriteXml, which a file's writer calls with its text output and `>>` with
+// an output into pugixml elements, so that both give one form.
 
 #include "zefra/config/QoDtAttributes.h"
+#include "zefra/config/QoDtBlockPool.h"
 #include "zefra/config/QoDtItemKey.h"
+#include "zefra/config/QoDtXmlOutput.h"
 #include "zefra/config/QoUtXMLDOMNode.h"
 #include "zefra/platform/mfc/CString.h"
 #include "zefra/platform/mfc/Exceptions.h"
@@ -43,6 +47,10 @@ public:
     QoDtDictItem& operator=(const QoDtDictItem&) = delete;
 
     virtual ~QoDtDictItem() = default;
+
+    // Items come from the trees' block pool (see QoDtBlockPool).
+    static void* operator new(size_t size) { return QoDtBlockPool::Allocate(size); }
+    static void operator delete(void* block, size_t size) noexcept { QoDtBlockPool::Free(block, size); }
     virtual int GetType() const { return eDtRow; }
     // Takes over key, local name, attributes and, from an item of the same
     // kind, the value (a dictionary copies the whole subtree).
@@ -51,6 +59,9 @@ public:
     virtual void operator>>(CArchive& ar) const;
     virtual bool operator<<(_auto_ptr<QoUtXMLDOMNode>& node);
     virtual bool operator<<(CArchive& ar);
+
+    // Writes the item as one element (a dictionary with its subtree).
+    virtual void WriteXml(QoDtXmlOutput& out) const;
 
     bool IsDict() const { return GetType() == eDtDictionary; }
 
@@ -85,17 +96,39 @@ protected:
         QoDtAttributes attributes;
     };
 
+    friend class QoDtDictionary;
+    friend class QoDtXmlReader;
+
     void CopyCommon(const QoDtDictItem& other);
-    void WriteCommon(QoUtXMLDOMNode& node) const;
-    Common ReadCommon(const QoUtXMLDOMNode& node) const;
     void WriteCommon(CArchive& ar) const;
     static Common ReadCommon(CArchive& ar);
     void TakeCommon(Common&& common);
 
+    // Reads the element into this item, which is new and seen by nobody
+    // else: on a failure the node holds the cause, and the caller throws the
+    // item away. `item << node` reads through a new item, so that a refused
+    // element changes nothing.
+    virtual bool ReadXml(QoUtXMLDOMNode& node);
+    // Key, local name and attributes of the element, into this new item.
+    void ReadCommonXml(pugi::xml_node element);
+    // One attribute of the element: "name" and "localname" are the fields,
+    // others are stored under their unescaped names. A repeated attribute
+    // keeps its first place and takes the last value.
+    void TakeXmlAttribute(std::string_view xmlName, CString&& value);
+    // The kinds whose element holds a text take their value from it here;
+    // false, with the cause when `cause` is given, if the text isn't a value
+    // of the kind. The item is new, as for ReadXml.
+    virtual bool ReadXmlValue(std::string_view text, std::string* cause);
+    // ReadXml for those kinds: text only, the value, then key, local name and
+    // attributes.
+    bool ReadTextElement(QoUtXMLDOMNode& node);
+    // Opens the item's element and writes key, local name and attributes.
+    void WriteStartXml(QoDtXmlOutput& out) const;
+
     // Fails the node unless the element holds nothing but white space.
     static bool ExpectNoContent(QoUtXMLDOMNode& node);
-    // Fails the node unless the element holds text only.
-    static bool ExpectTextOnly(QoUtXMLDOMNode& node);
+    // The element's text; fails the node if the element holds an element.
+    static bool ReadTextOnly(QoUtXMLDOMNode& node, std::string_view& text);
     // `<kind name="key">`, for messages.
     static std::string Describe(pugi::xml_node element);
 

@@ -10,12 +10,28 @@
 // Beside the list stands an index of the children by key, built at the
 // first look-up in a list of some length and kept up to date from then on.
 
+#include "zefra/config/QoDtBlockPool.h"
 #include "zefra/config/QoDtChildIndex.h"
 #include "zefra/containers/QoList.h"
 
 #include <string_view>
 
 class QoDtDictItem;
+
+// The cells of the child lists come from the trees' block pool, as the
+// items do. This has to be seen wherever QoList<QoDtDictItem*> is, so it
+// stands here, beside the one list of that kind.
+template <>
+struct QoListNode<QoDtDictItem*> {
+    QoDtDictItem* data;
+    QoListNode* next;
+
+    QoListNode() : data(), next(nullptr) {}
+    explicit QoListNode(QoDtDictItem* const& d) : data(d), next(nullptr) {}
+
+    static void* operator new(size_t size) { return QoDtBlockPool::Allocate(size); }
+    static void operator delete(void* block, size_t size) noexcept { QoDtBlockPool::Free(block, size); }
+};
 
 class QoDtDictItemList : public QoList<QoDtDictItem*> {
     using Base = QoList<QoDtDictItem*>;

@@ -23,58 +23,60 @@ CString QoDtDictOptionItem::GetSelectedText() const {
     return text != nullptr ? *text : CString();
 }
 
-void QoDtDictOptionItem::operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const {
-    WriteCommon(*node);
-    std::string& text = node->Buffer();
+void QoDtDictOptionItem::WriteXml(QoDtXmlOutput& out) const {
+    WriteStartXml(out);
+    std::string& text = out.Buffer();
     text.clear();
     QoDtTextCodec::AppendInt(text, selection);
-    node->AppendChild("selection").text().set(text.data(), text.size());
+    out.Open("selection");
+    out.Text(std::string_view(text));
+    out.Close();
     for (const CString* option = options.GetFirst(); option != nullptr; option = options.GetNext(option)) {
-        text.clear();
-        QoDtTextCodec::AppendUtf8(text, *option);
-        pugi::xml_node choice = node->AppendChild("choice");
-        if (!text.empty()) choice.text().set(text.data(), text.size());
+        out.Open("choice");
+        out.Text(*option);
+        out.Close();
     }
+    out.Close();
 }
 
-bool QoDtDictOptionItem::operator<<(_auto_ptr<QoUtXMLDOMNode>& node) {
-    // Check everything first, so that a refused element changes nothing.
-    int parsedSelection = -1;
+bool QoDtDictOptionItem::ReadXml(QoUtXMLDOMNode& node) {
     bool selectionSeen = false;
+    if (!QoDtTextCodec::TrimSpace(node.Element().value()).empty()) {
+        node.Fail("unexpected text in " + Describe(node.Element()));
+        return false;
+    }
     QoUtXMLDOMNode part;
-    for (pugi::xml_node child : node->Element().children()) {
-        if (child.type() != pugi::node_element) {
-            if (child.type() == pugi::node_pcdata && !QoDtTextCodec::TrimSpace(child.value()).empty()) {
-                node->Fail("unexpected text in " + Describe(node->Element()));
+    for (pugi::xml_node child = node.Element().first_child(); child; child = child.next_sibling()) {
+        const pugi::xml_node_type kind = child.type();
+        if (kind != pugi::node_element) {
+            if (kind == pugi::node_pcdata && !QoDtTextCodec::TrimSpace(child.value()).empty()) {
+                node.Fail("unexpected text in " + Describe(node.Element()));
                 return false;
             }
             continue;
         }
-        part.SetElement(child);
         const bool isSelection = std::strcmp(child.name(), "selection") == 0;
-        const bool isChoice = std::strcmp(child.name(), "choice") == 0;
+        const bool isChoice = !isSelection && std::strcmp(child.name(), "choice") == 0;
         if ((!isSelection && !isChoice) || (isSelection && selectionSeen)) {
-            node->FailAt(child, "unexpected element <" + std::string(child.name()) + "> in " + Describe(node->Element()));
+            node.FailAt(child, "unexpected element <" + std::string(child.name()) + "> in " + Describe(node.Element()));
             return false;
         }
-        if (!ExpectTextOnly(part)) {
-            node->TakeFailure(part);
+        part.SetElement(child);
+        std::string_view text;
+        if (!ReadTextOnly(part, text)) {
+            node.TakeFailure(part);
             return false;
         }
-        if (isSelection && !QoDtTextCodec::ParseInt(part.GetText(), parsedSelection)) {
-            node->FailAt(child, "the selection is not an integer in " + Describe(node->Element()));
+        if (isChoice) {
+            options.Append(QoDtTextCodec::FromUtf8(text.data(), text.size()));
+        } else if (!QoDtTextCodec::ParseInt(text, selection)) {
+            node.FailAt(child, "the selection is not an integer in " + Describe(node.Element()));
             return false;
+        } else {
+            selectionSeen = true;
         }
-        selectionSeen = selectionSeen || isSelection;
     }
-    TakeCommon(ReadCommon(*node));
-    options.Reset();
-    for (pugi::xml_node choice = node->Element().child("choice"); choice; choice = choice.next_sibling("choice")) {
-        part.SetElement(choice);
-        const std::string_view text = part.GetText();
-        options.Append(QoDtTextCodec::FromUtf8(text.data(), text.size()));
-    }
-    selection = parsedSelection;
+    ReadCommonXml(node.Element());
     return true;
 }
 

@@ -13,11 +13,15 @@ public:
 
     int GetType() const override { return eDtOption; }
     void CopyData(const QoDtDictItem& other) override;
-    void operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const override;
+    using QoDtDictItem::operator>>;
+    using QoDtDictItem::operator<<;
     void operator>>(CArchive& ar) const override;
-    bool operator<<(_auto_ptr<QoUtXMLDOMNode>& node) override;
     bool operator<<(CArchive& ar) override;
+    void WriteXml(QoDtXmlOutput& out) const override;
 
     // The selected text; empty when the selection is outside the list.
     CString GetSelectedText() const;
+
+protected:
+    bool ReadXml(QoUtXMLDOMNode& node) override;
 };

@@ -8,17 +8,17 @@ void QoDtDictStringItem::CopyData(const QoDtDictItem& other) {
     if (other.GetType() == GetType()) value = static_cast<const QoDtDictStringItem&>(other).value;
 }
 
-void QoDtDictStringItem::operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const {
-    WriteCommon(*node);
-    if (!value.IsEmpty()) node->SetText(value);
+void QoDtDictStringItem::WriteXml(QoDtXmlOutput& out) const {
+    WriteStartXml(out);
+    out.Text(value);
+    out.Close();
 }
 
-bool QoDtDictStringItem::operator<<(_auto_ptr<QoUtXMLDOMNode>& node) {
-    if (!ExpectTextOnly(*node)) return false;
-    const std::string_view text = node->GetText();
-    CString parsed = QoDtTextCodec::FromUtf8(text.data(), text.size());
-    TakeCommon(ReadCommon(*node));
-    value = std::move(parsed);
+bool QoDtDictStringItem::ReadXml(QoUtXMLDOMNode& node) { return ReadTextElement(node); }
+
+bool QoDtDictStringItem::ReadXmlValue(std::string_view text, std::string* cause) {
+    (void)cause;
+    value = QoDtTextCodec::FromUtf8(text.data(), text.size());
     return true;
 }
 

@@ -9,8 +9,13 @@ public:
 
     int GetType() const override { return eDtString; }
     void CopyData(const QoDtDictItem& other) override;
-    void operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const override;
+    using QoDtDictItem::operator>>;
+    using QoDtDictItem::operator<<;
     void operator>>(CArchive& ar) const override;
-    bool operator<<(_auto_ptr<QoUtXMLDOMNode>& node) override;
     bool operator<<(CArchive& ar) override;
+    void WriteXml(QoDtXmlOutput& out) const override;
+
+protected:
+    bool ReadXml(QoUtXMLDOMNode& node) override;
+    bool ReadXmlValue(std::string_view text, std::string* cause) override;
 };

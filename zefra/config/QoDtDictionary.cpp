@@ -232,36 +232,39 @@ int QoDtDictionary::GetDepth() const {
 
 // ---- XML -----------------------------------------------------------------
 
-void QoDtDictionary::operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const {
-    WriteCommon(*node);
-    _auto_ptr<QoUtXMLDOMNode>& child = node->ChildNode();
-    for (QoDtDictItem* const* item = children.GetFirst(); item != nullptr; item = children.GetNext(item)) {
-        if (*item == nullptr) continue;
-        child->SetElement(node->Element().append_child(pugi::node_element));
-        **item >> child;
-    }
+void QoDtDictionary::WriteXml(QoDtXmlOutput& out) const {
+    WriteStartXml(out);
+    for (QoDtDictItem* const* item = children.GetFirst(); item != nullptr; item = children.GetNext(item))
+        if (*item != nullptr) (*item)->WriteXml(out);
+    out.Close();
 }
 
 bool QoDtDictionary::operator<<(_auto_ptr<QoUtXMLDOMNode>& node) {
     QoDtDictionary fresh;
-    if (!fresh.ReadTree(*node)) return false;
+    if (!fresh.ReadXml(*node)) return false;
     Swap(fresh);
     return true;
 }
 
-bool QoDtDictionary::ReadTree(QoUtXMLDOMNode& node) {
+bool QoDtDictionary::ReadXml(QoUtXMLDOMNode& node) {
     if (node.GetDepth() > kMaxDepth) {
         node.Fail("dictionaries nest deeper than " + std::to_string(kMaxDepth) + " levels");
         return false;
     }
+    if (!IsBlank(node.Element().value())) {
+        node.FailAt(node.Element(), "unexpected text in " + Describe(node.Element()));
+        return false;
+    }
     _auto_ptr<QoUtXMLDOMNode>& child = node.ChildNode();
-    for (pugi::xml_node element : node.Element().children()) {
-        if (element.type() == pugi::node_pcdata || element.type() == pugi::node_cdata) {
-            if (IsBlank(element.value())) continue;
-            node.FailAt(node.Element(), "unexpected text in " + Describe(node.Element()));
-            return false;
+    for (pugi::xml_node element = node.Element().first_child(); element; element = element.next_sibling()) {
+        const pugi::xml_node_type kind = element.type();
+        if (kind != pugi::node_element) {
+            if ((kind == pugi::node_pcdata || kind == pugi::node_cdata) && !IsBlank(element.value())) {
+                node.FailAt(node.Element(), "unexpected text in " + Describe(node.Element()));
+                return false;
+            }
+            continue;
         }
-        if (element.type() != pugi::node_element) continue;
         const int type = GetTypeFromName(element.name());
         if (type == 0) {
             node.FailAt(element, "unknown item type <" + std::string(element.name()) + ">");
@@ -269,15 +272,13 @@ bool QoDtDictionary::ReadTree(QoUtXMLDOMNode& node) {
         }
         std::unique_ptr<QoDtDictItem> item(Create(type));
         child->SetElement(element);
-        const bool read = type == eDtDictionary ? static_cast<QoDtDictionary*>(item.get())->ReadTree(*child)
-                                                : (*item << child);
-        if (!read) {
+        if (!item->ReadXml(*child)) {
             node.TakeFailure(*child);
             return false;
         }
         children.Append(item.release());
     }
-    TakeCommon(ReadCommon(node));
+    ReadCommonXml(node.Element());
     return true;
 }
 

@@ -35,10 +35,11 @@ public:
 
     int GetType() const override { return eDtDictionary; }
     void CopyData(const QoDtDictItem& other) override;
-    void operator>>(_auto_ptr<QoUtXMLDOMNode>& node) const override;
+    using QoDtDictItem::operator>>;
     void operator>>(CArchive& ar) const override;
     bool operator<<(_auto_ptr<QoUtXMLDOMNode>& node) override;
     bool operator<<(CArchive& ar) override;
+    void WriteXml(QoDtXmlOutput& out) const override;
 
     QoDtDictItem* FindItem(const CString& path) { return const_cast<QoDtDictItem*>(Lookup(path.Str())); }
     const QoDtDictItem* FindItem(const CString& path) const { return Lookup(path.Str()); }
@@ -90,6 +91,6 @@ private:
     // The child at `path` with the kind `type`, made or put in place as
     // SetValue needs it; null where SetValue fails.
     QoDtDictItem* ValueItem(const CString& path, int type);
-    bool ReadTree(QoUtXMLDOMNode& node);
+    bool ReadXml(QoUtXMLDOMNode& node) override;
     bool ReadTree(CArchive& ar, int depth);
 };

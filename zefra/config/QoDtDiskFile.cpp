@@ -78,8 +78,7 @@ std::string ResolveTarget(const std::string& path) {
 
 }  // namespace
 
-bool QoDtDiskFile::Read(const std::string& path, size_t limit, std::unique_ptr<char[]>& bytes, size_t& size,
-                        std::string& error) {
+bool QoDtDiskFile::Read(const std::string& path, size_t limit, std::vector<char>& bytes, std::string& error) {
     const std::string tooLarge = "file is larger than " + std::to_string(limit >> 20) + " MiB";
     FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (fd.Get() < 0) {
@@ -100,11 +99,11 @@ bool QoDtDiskFile::Read(const std::string& path, size_t limit, std::unique_ptr<c
         return false;
     }
     const auto expected = static_cast<size_t>(info.st_size);
-    std::unique_ptr<char[]> content(new char[expected + 1]);
-    size_t filled = 0;
     // One byte of room beyond the size tells a file that grew meanwhile.
+    bytes.resize(expected + 1);
+    size_t filled = 0;
     while (filled <= expected) {
-        const ssize_t n = ::read(fd.Get(), content.get() + filled, expected + 1 - filled);
+        const ssize_t n = ::read(fd.Get(), bytes.data() + filled, expected + 1 - filled);
         if (n < 0) {
             if (errno == EINTR) continue;
             error = std::string("cannot read: ") + std::strerror(errno);
@@ -117,16 +116,14 @@ bool QoDtDiskFile::Read(const std::string& path, size_t limit, std::unique_ptr<c
         error = "the file changed while it was read";
         return false;
     }
-    bytes = std::move(content);
-    size = filled;
+    bytes.resize(filled);
     return true;
 }
 
 bool QoDtDiskFile::Read(const std::string& path, size_t limit, std::string& bytes, std::string& error) {
-    std::unique_ptr<char[]> content;
-    size_t size = 0;
-    if (!Read(path, limit, content, size, error)) return false;
-    bytes.assign(content.get(), size);
+    std::vector<char> content;
+    if (!Read(path, limit, content, error)) return false;
+    bytes.assign(content.data(), content.size());
     return true;
 }
 

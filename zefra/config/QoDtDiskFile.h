@@ -6,19 +6,18 @@
 // either the old file or the new one.
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class QoDtDiskFile {
 public:
     // Reads the file into `bytes`. False, with the cause in `error`, when it
     // can't be opened or read, isn't a regular file, or is over `limit` bytes.
     static bool Read(const std::string& path, size_t limit, std::string& bytes, std::string& error);
-    // The same into a bare buffer of `size` bytes, for a parser that works in
-    // place; a file that grows while it is read is refused.
-    static bool Read(const std::string& path, size_t limit, std::unique_ptr<char[]>& bytes, size_t& size,
-                     std::string& error);
+    // The same into a buffer that a parser may change in place, reusing the
+    // buffer's room. A file that grows while it is read is refused.
+    static bool Read(const std::string& path, size_t limit, std::vector<char>& bytes, std::string& error);
 
     // Replaces the file's content by `bytes` as described above. A symbolic
     // link is followed, so the link stays and its target gets the content.

@@ -1,6 +1,7 @@
 #include "zefra/config/QoDtTextCodec.h"
 
 #include <charconv>
+#include <cstring>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -93,24 +94,14 @@ std::string QoDtTextCodec::ToUtf8(const CString& text) {
     return out;
 }
 
-CString QoDtTextCodec::FromUtf8(const char* text, size_t length) {
-    const auto* s = reinterpret_cast<const unsigned char*>(text);
-    size_t ascii = 0;
-    while (ascii < length && s[ascii] < 0x80) ++ascii;
-    if (ascii == length) return CString(std::wstring(s, s + length));
+namespace {
 
-    // Decoded text is never longer than its UTF-8 form; short texts (keys,
-    // names, most values) are decoded on the stack and copied once.
-    wchar_t local[256];
-    std::wstring heap;
-    wchar_t* out = local;
-    if (length > sizeof local / sizeof local[0]) {
-        heap.resize(length);
-        out = heap.data();
-    }
+// Decodes `length` bytes of UTF-8 into `out`, which has room for `length`
+// characters (decoded text is never longer than its UTF-8 form), and gives
+// the number of characters written.
+size_t DecodeUtf8(const unsigned char* s, size_t length, wchar_t* out) {
     size_t n = 0;
-    for (; n < ascii; ++n) out[n] = static_cast<wchar_t>(s[n]);
-    size_t i = ascii;
+    size_t i = 0;
     while (i < length) {
         const unsigned char c = s[i];
         if (c < 0x80) {
@@ -146,8 +137,22 @@ CString QoDtTextCodec::FromUtf8(const char* text, size_t length) {
         out[n++] = static_cast<wchar_t>(cp);
         i += extra + 1;
     }
-    if (out == local) return CString(std::wstring(local, n));
-    heap.resize(n);
+    return n;
+}
+
+}  // namespace
+
+CString QoDtTextCodec::FromUtf8(const char* text, size_t length) {
+    const auto* s = reinterpret_cast<const unsigned char*>(text);
+    size_t ascii = 0;
+    while (ascii < length && s[ascii] < 0x80) ++ascii;
+    if (ascii == length) return CString(std::wstring(s, s + length));
+    // Short texts (keys, names, most values) are decoded on the stack and
+    // copied once, so that the string gets only the room it needs.
+    wchar_t local[256];
+    if (length <= sizeof local / sizeof local[0]) return CString(local, static_cast<int>(DecodeUtf8(s, length, local)));
+    std::wstring heap(length, L'\0');
+    heap.resize(DecodeUtf8(s, length, heap.data()));
     return CString(std::move(heap));
 }
 
@@ -242,8 +247,8 @@ void QoDtTextCodec::AppendXmlName(std::string& out, const CString& name) {
     }
 }
 
-CString QoDtTextCodec::FromXmlName(const char* name) {
-    const std::string_view s(name);
+CString QoDtTextCodec::FromXmlName(std::string_view name) {
+    const std::string_view s = name;
     if (s == "_x_") return CString();
     if (s.find("_x") == std::string_view::npos) return FromUtf8(s);
     std::string plain;

@@ -35,7 +35,7 @@ public:
     // not stand in an XML name at their place, and a '_' that begins "_x",
     // are written as "_x<hex>_". The empty name is "_x_".
     static void AppendXmlName(std::string& out, const CString& name);
-    static CString FromXmlName(const char* name);
+    static CString FromXmlName(std::string_view name);
 
     static std::string_view TrimSpace(std::string_view text);
 

@@ -3,29 +3,27 @@
 #include "zefra/config/QoDtDictionary.h"
 #include "zefra/config/QoDtDiskFile.h"
 #include "zefra/config/QoDtTextCodec.h"
+#include "zefra/config/QoDtXmlOutput.h"
+#include "zefra/config/QoDtXmlReader.h"
 
 #include <pugixml.hpp>
 
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <vector>
 
 namespace {
 
 const char kRootElement[] = "zefra-config";
 
 // Text is kept exactly: no end-of-line normalisation, and a value made only
-// of white space stays.
-constexpr unsigned kParseOptions = (pugi::parse_default | pugi::parse_ws_pcdata_single) & ~pugi::parse_eol;
-
-class StringWriter : public pugi::xml_writer {
-public:
-    explicit StringWriter(std::string& out) : m_out(out) {}
-    void write(const void* data, size_t size) override { m_out.append(static_cast<const char*>(data), size); }
-
-private:
-    std::string& m_out;
-};
+// of white space stays. The text at the start of an element is kept as the
+// element's value rather than as a node of its own (every value item has
+// one), so the readers look there first; what follows a CDATA section or an
+// element is still a node.
+constexpr unsigned kParseOptions =
+    ((pugi::parse_default | pugi::parse_ws_pcdata_single) & ~pugi::parse_eol) | pugi::parse_embed_pcdata;
 
 }  // namespace
 
@@ -52,18 +50,16 @@ bool QoDtXmlFile::ToText(const QoDtDictionary& dict, std::string& text, std::str
                 " levels; such a file could not be read back";
         return false;
     }
-    pugi::xml_document document;
-    pugi::xml_node declaration = document.append_child(pugi::node_declaration);
-    declaration.append_attribute("version").set_value("1.0");
-    declaration.append_attribute("encoding").set_value("UTF-8");
-    pugi::xml_node root = document.append_child(kRootElement);
-    root.append_attribute("format").set_value(kFormatVersion);
-    _auto_ptr<QoUtXMLDOMNode> node(new QoUtXMLDOMNode(root.append_child(pugi::node_element)));
-    dict >> node;
-
     std::string out;
-    StringWriter writer(out);
-    document.save(writer, "  ", pugi::format_indent, pugi::encoding_utf8);
+    QoDtXmlTextOutput writer(out);
+    writer.Open(kRootElement);
+    std::string& version = writer.Buffer();
+    version.clear();
+    QoDtTextCodec::AppendInt(version, kFormatVersion);
+    writer.Attribute("format", std::string_view(version));
+    dict.WriteXml(writer);
+    writer.Close();
+    writer.Finish();
     if (out.size() > kMaxFileBytes) {
         error = "the file would be larger than " + std::to_string(kMaxFileBytes >> 20) +
                 " MiB; such a file could not be read back";
@@ -73,8 +69,10 @@ bool QoDtXmlFile::ToText(const QoDtDictionary& dict, std::string& text, std::str
     return true;
 }
 
-bool QoDtXmlFile::Parse(QoDtDictionary& dict, char* text, size_t size, std::string& error, ptrdiff_t& offset) {
+bool QoDtXmlFile::Parse(QoDtDictionary& dict, char* text, size_t size, bool onePass, std::string& error,
+                        ptrdiff_t& offset) {
     offset = -1;
+    if (onePass && QoDtXmlReader::Read(dict, std::string_view(text, size))) return true;
     pugi::xml_document document;
     const pugi::xml_parse_result parsed = document.load_buffer_inplace(text, size, kParseOptions, pugi::encoding_auto);
     if (!parsed) {
@@ -98,6 +96,11 @@ bool QoDtXmlFile::Parse(QoDtDictionary& dict, char* text, size_t size, std::stri
     if (format > kFormatVersion) {
         error = "format version " + std::to_string(format) + " is newer than this program reads (" +
                 std::to_string(kFormatVersion) + ")";
+        return false;
+    }
+    if (!QoDtTextCodec::TrimSpace(root.value()).empty()) {
+        offset = root.offset_debug();
+        error = std::string("unexpected text in <") + kRootElement + ">";
         return false;
     }
     pugi::xml_node tree;
@@ -130,12 +133,20 @@ bool QoDtXmlFile::Parse(QoDtDictionary& dict, char* text, size_t size, std::stri
     return true;
 }
 
-bool QoDtXmlFile::FromText(QoDtDictionary& dict, const std::string& text, std::string& error) {
+bool QoDtXmlFile::ReadText(QoDtDictionary& dict, const std::string& text, bool onePass, std::string& error) {
     std::string buffer(text);
     ptrdiff_t offset = -1;
-    if (Parse(dict, buffer.data(), buffer.size(), error, offset)) return true;
+    if (Parse(dict, buffer.data(), buffer.size(), onePass, error, offset)) return true;
     error = Position(text, offset) + error;
     return false;
+}
+
+bool QoDtXmlFile::FromText(QoDtDictionary& dict, const std::string& text, std::string& error) {
+    return ReadText(dict, text, true, error);
+}
+
+bool QoDtXmlFile::FromTextByDocument(QoDtDictionary& dict, const std::string& text, std::string& error) {
+    return ReadText(dict, text, false, error);
 }
 
 bool QoDtXmlFile::Save(const QoDtDictionary& dict, const std::string& path, std::string& error) {
@@ -144,11 +155,22 @@ bool QoDtXmlFile::Save(const QoDtDictionary& dict, const std::string& path, std:
 }
 
 bool QoDtXmlFile::Load(QoDtDictionary& dict, const std::string& path, std::string& error) {
-    std::unique_ptr<char[]> buffer;
-    size_t size = 0;
-    if (!QoDtDiskFile::Read(path, kMaxFileBytes, buffer, size, error)) return false;
+    // The buffer is kept from load to load (up to kKeptBufferBytes, on each
+    // thread). A large block taken afresh makes the allocator sort all its
+    // small free blocks first, and the thousands of keys and values that the
+    // tree then takes all come the slow way: that costs more than the read.
+    static thread_local std::vector<char> buffer;
+    const auto release = [] {
+        if (buffer.capacity() > kKeptBufferBytes) std::vector<char>().swap(buffer);
+    };
+    if (!QoDtDiskFile::Read(path, kMaxFileBytes, buffer, error)) {
+        release();
+        return false;
+    }
     ptrdiff_t offset = -1;
-    if (Parse(dict, buffer.get(), size, error, offset)) return true;
+    const bool parsed = Parse(dict, buffer.data(), buffer.size(), true, error, offset);
+    release();
+    if (parsed) return true;
     // The parse changed the text; the position is counted on a fresh read.
     std::string text;
     std::string ignored;

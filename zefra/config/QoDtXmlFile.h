@@ -29,6 +29,8 @@ class QoDtXmlFile {
 public:
     static constexpr int kFormatVersion = 1;
     static constexpr size_t kMaxFileBytes = size_t{64} << 20;
+    // Load keeps a read buffer of up to this size for the next load.
+    static constexpr size_t kKeptBufferBytes = size_t{8} << 20;
 
     static bool Save(const QoDtDictionary& dict, const std::string& path, std::string& error);
     // Replaces the dictionary's content by the file's; on any failure the
@@ -38,11 +40,18 @@ public:
 
     static bool ToText(const QoDtDictionary& dict, std::string& text, std::string& error);
     static bool FromText(QoDtDictionary& dict, const std::string& text, std::string& error);
+    // FromText with every text parsed by pugixml, as the texts are that the
+    // one-pass reader leaves (see QoDtXmlReader): to hold the two readers
+    // against each other.
+    static bool FromTextByDocument(QoDtDictionary& dict, const std::string& text, std::string& error);
 
 private:
-    // Parses the text in place (it is changed) into the dictionary. On a
-    // failure `error` holds the cause and `offset` where it lies, or -1.
-    static bool Parse(QoDtDictionary& dict, char* text, size_t size, std::string& error, ptrdiff_t& offset);
+    // Reads the text into the dictionary: the one-pass reader first, else
+    // pugixml, which parses in place (the text is changed). On a failure
+    // `error` holds the cause and `offset` where it lies, or -1.
+    static bool Parse(QoDtDictionary& dict, char* text, size_t size, bool onePass, std::string& error,
+                      ptrdiff_t& offset);
+    static bool ReadText(QoDtDictionary& dict, const std::string& text, bool onePass, std::string& error);
     // "line L, column C: " for a byte offset into the text; empty for -1.
     static std::string Position(const std::string& text, ptrdiff_t offset);
 };

@@ -1,28 +1,5 @@
 #include "zefra/config/QoUtXMLDOMNode.h"
 
-#include "zefra/config/QoDtTextCodec.h"
-
-void QoUtXMLDOMNode::AddAttribute(const char* xmlName, const CString& value) {
-    m_buffer.clear();
-    QoDtTextCodec::AppendUtf8(m_buffer, value);
-    m_element.append_attribute(xmlName).set_value(m_buffer.data(), m_buffer.size());
-}
-
-void QoUtXMLDOMNode::AddStoreAttribute(const CString& name, const CString& value) {
-    m_buffer.clear();
-    QoDtTextCodec::AppendXmlName(m_buffer, name);
-    pugi::xml_attribute attribute = m_element.append_attribute(m_buffer.c_str());
-    m_buffer.clear();
-    QoDtTextCodec::AppendUtf8(m_buffer, value);
-    attribute.set_value(m_buffer.data(), m_buffer.size());
-}
-
-void QoUtXMLDOMNode::SetText(const CString& text) {
-    m_buffer.clear();
-    QoDtTextCodec::AppendUtf8(m_buffer, text);
-    m_element.text().set(m_buffer.data(), m_buffer.size());
-}
-
 void QoUtXMLDOMNode::Fail(const std::string& cause) { FailAt(m_element, cause); }
 
 void QoUtXMLDOMNode::FailAt(pugi::xml_node element, const std::string& cause) {
@@ -38,11 +15,13 @@ void QoUtXMLDOMNode::TakeFailure(const QoUtXMLDOMNode& child) {
 }
 
 std::string_view QoUtXMLDOMNode::GetText() {
-    pugi::xml_node first = m_element.first_child();
-    if (!first) return std::string_view();
-    if (!first.next_sibling()) return first.type() == pugi::node_element ? std::string_view() : first.value();
-    m_buffer.clear();
-    for (pugi::xml_node piece : m_element.children())
+    // The text at the start is the element's value; pieces after a CDATA
+    // section or a comment are nodes.
+    const char* const leading = m_element.value();
+    pugi::xml_node piece = m_element.first_child();
+    if (!piece) return leading;
+    m_buffer = leading;
+    for (; piece; piece = piece.next_sibling())
         if (piece.type() == pugi::node_pcdata || piece.type() == pugi::node_cdata) m_buffer += piece.value();
     return m_buffer;
 }

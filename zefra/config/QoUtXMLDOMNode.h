@@ -1,7 +1,8 @@
 #pragma once
 // The store's XML node: one element of a configuration file, as the items
-// write themselves into it and read themselves from it. A thin handle on a
-// pugixml element, plus a conversion buffer that is reused from item to item.
+// read themselves from it (and, through QoDtXmlDomOutput, write themselves
+// into it). A thin handle on a pugixml element, plus what a reader keeps
+// from element to element: a buffer, the depth, the first failure.
 
 #include "zefra/platform/mfc/CString.h"
 
@@ -27,20 +28,10 @@ public:
     void SetElement(pugi::xml_node element) { m_element = element; }
 
     const char* GetTag() const { return m_element.name(); }
-    void SetTag(const char* tag) { m_element.set_name(tag); }
 
-    // Attributes under their XML names, as they stand in the file.
-    void AddAttribute(const char* xmlName, const CString& value);
-    // An attribute of the store, whose name may be any text.
-    void AddStoreAttribute(const CString& name, const CString& value);
-
-    // The element's text; pieces split by comments are joined.
+    // The element's text, its value (see QoDtXmlFile) and its text and CDATA
+    // nodes joined.
     std::string_view GetText();
-    void SetText(const CString& text);
-    void SetText(std::string_view utf8) { m_element.text().set(utf8.data(), utf8.size()); }
-
-    // A new child element; the node object keeps pointing at this element.
-    pugi::xml_node AppendChild(const char* tag) { return m_element.append_child(tag); }
 
     // Where the element starts in the parsed text, for messages; -1 if unknown.
     ptrdiff_t GetSourceOffset() const { return m_element.offset_debug(); }

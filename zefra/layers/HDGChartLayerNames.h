@@ -1,0 +1,13 @@
+#pragma once
+// The layers of the drawn enthalpy-humidity chart, as the current layer
+// standard resolves them: one name for each of the chart's groups.
+
+#include "zefra/chart/HDGChartScene.h"
+
+namespace HVAC {
+
+// Each name is that of the layer GetPropHDG_..._Layer gives in the working
+// drawing (made there when missing, as for any drawn thing).
+SHDGChartLayerNames GetHDGChartLayerNames();
+
+}  // namespace HVAC
