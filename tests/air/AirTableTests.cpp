@@ -12,9 +12,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
+#include <limits>
+#include <random>
 #include <thread>
+#include <vector>
 
 namespace {
+
+bool SameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 TEST(AirTables, SaturationPressureFollowsTheFormula) {
     double worstCold = 0.0;
@@ -32,6 +38,35 @@ TEST(AirTables, SaturationPressureFollowsTheFormula) {
     // No step where the ice curve gives way to the water curve.
     const double meet = HylandWexler::kCurvesMeet;
     EXPECT_NEAR(HylandWexler::Ps(std::nextafter(meet, -1.0)), HylandWexler::Ps(meet), 1e-9);
+}
+
+// The forms that read many arguments at once must give what one at a time
+// gives, bit for bit: runs on one table, mixed tables, and arguments beyond.
+TEST(AirTables, ManyAtOnceGiveTheSameBits) {
+    std::mt19937_64 random(5);
+    auto uniform = [&random](double lo, double hi) { return std::uniform_real_distribution<double>(lo, hi)(random); };
+    const double inf = std::numeric_limits<double>::infinity();
+    std::vector<double> t = {0.0, 0.01, HylandWexler::kCurvesMeet, -100.0, 200.0, 200.0000001, -100.0000001,
+                             -250.0, 350.0, std::nan(""), inf, -inf, -0.0};
+    for (int k = 0; k < 600; ++k) t.push_back(-5.0 + 0.002 * k);  // a walk across the curves' meeting
+    for (int k = 0; k < 600; ++k) t.push_back(uniform(-120.0, 220.0));
+    std::vector<double> ps(t.size());
+    AIR::GetPsMany(t.data(), ps.data(), static_cast<int>(t.size()));
+    for (size_t k = 0; k < t.size(); ++k)
+        ASSERT_TRUE(SameBits(ps[k], AIR::GetPs(t[k])) || (std::isnan(ps[k]) && std::isnan(t[k]))) << t[k];
+
+    std::vector<double> d = {0.0, -1.0, 1e-9, 1e6, inf, std::nan("")};
+    for (int k = 0; k < 500; ++k) d.push_back(30.0 - 0.002 * k);
+    for (int k = 0; k < 500; ++k) d.push_back(uniform(0.0, 400.0));
+    std::vector<double> tdb(d.size());
+    for (const double rh : {0.9, 1.0, 0.05, 0.0, -0.5}) {
+        const double B = uniform(60000.0, 110000.0);
+        AIR::GetTdbByDAndRHMany(d.data(), rh, B, tdb.data(), static_cast<int>(d.size()));
+        for (size_t k = 0; k < d.size(); ++k) {
+            const double one = AIR::GetTdbByDAndRH(d[k], rh, B);
+            ASSERT_TRUE(SameBits(tdb[k], one) || (std::isnan(tdb[k]) && std::isnan(one))) << d[k] << " at RH " << rh;
+        }
+    }
 }
 
 TEST(AirTables, DewPointPiecesFollowTheExactInverse) {

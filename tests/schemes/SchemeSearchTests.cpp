@@ -41,6 +41,13 @@ TEST(HDGRunningSum, JumpsLandOnTheValuesOfTheLoop) {
             const long long n = static_cast<long long>(random() % loop.size());
             ASSERT_TRUE(SameBits(sum.ValueAfter(n), loop[n])) << "start " << first << " step " << step << " n " << n;
         }
+        // Blocks of values, across the binades' edges.
+        sum.ExtendTo(static_cast<long long>(loop.size()));
+        double block[300];
+        const long long from = static_cast<long long>(random() % (loop.size() - 300));
+        sum.ValuesWithin(from, 300, block);
+        for (int k = 0; k < 300; ++k)
+            ASSERT_TRUE(SameBits(block[k], loop[from + k])) << "start " << first << " step " << step << " n " << from + k;
     }
 }
 
@@ -84,6 +91,65 @@ TEST(HDGSecondaryDewPointSearch, FindKeepsTheStepOfTheFullScan) {
         ASSERT_TRUE(SameBits(fast.D, full.D) && SameBits(fast.H, full.H)) << "trial " << trial;
     }
     EXPECT_LT(evaluations / 150, 200);
+}
+
+// The full scans evaluate many steps at once; they must still keep the step
+// that the literal walks keep, written here as the loops they are.
+TEST(SchemeSearches, FullScansKeepTheStepsOfTheLiteralWalks) {
+    PressureGuard pressure;
+    std::mt19937_64 random(23);
+    auto uniform = [&random](double lo, double hi) { return std::uniform_real_distribution<double>(lo, hi)(random); };
+    for (int trial = 0; trial < 40; ++trial) {
+        const double B = uniform(70000.0, 105000.0);
+        SetHDGCurB(B);
+        const double rh = trial % 7 == 0 ? 1.0 : uniform(0.3, 1.0);
+
+        const ZefraHDGPoint room(uniform(5.0, 40.0), uniform(0.05, 1.0), L"N");
+        const double epsilon = trial % 5 == 0 ? uniform(-20000.0, 5000.0) : uniform(3000.0, 100000.0);
+        const double rise = trial % 4 == 0 ? 0.0 : uniform(0.0, 10.0);
+        double best = 100.0;
+        bool improved = false;
+        double acceptedD = std::nan("");
+        for (double d = room.GetD() - 0.002; d >= 0.0; d = d - 0.002) {
+            const double hO = room.GetH() - epsilon * (room.GetD() - d) / 1000.0;
+            const double diff = std::fabs(AIR::GetTdb(hO, d) - AIR::GetTdbByDAndRH(d, rh, B) - rise);
+            if (best > diff) {
+                improved = true;
+                best = diff;
+                if (diff <= 0.005) {
+                    acceptedD = d;
+                    break;
+                }
+            } else if (improved) {
+                acceptedD = d;
+                break;
+            }
+        }
+        const auto primary = HDGPrimarySupplyPointSearch(room, epsilon, rh, rise).FindByFullScan();
+        ASSERT_EQ(primary.Found, !std::isnan(acceptedD)) << "trial " << trial;
+        if (primary.Found) {
+            ASSERT_TRUE(SameBits(primary.Pass.D, acceptedD)) << "trial " << trial;
+        }
+
+        const ZefraHDGPoint returnAir(uniform(5.0, 40.0), uniform(0.05, 1.0), L"N'");
+        ZefraHDGPoint mix;
+        mix.CalByTdbAndD(uniform(-1.0, 35.0), std::max(0.1, returnAir.GetD() + uniform(-8.0, 3.0)));
+        double least = 1000.0;
+        long long kept = -1;
+        long long step = 0;
+        for (double t = 0.0; mix.GetTdb() >= t; t = t + 0.002, ++step) {
+            const double d = AIR::GetD(t, rh, B);
+            const double h = AIR::GetH(t, d);
+            const double diff = std::fabs((mix.GetH() - h) / (returnAir.GetH() - h) -
+                                          (mix.GetD() - d) / (returnAir.GetD() - d));
+            if (least > diff && !(std::fabs(h - mix.GetH()) <= 0.001)) {
+                least = diff;
+                kept = step;
+            }
+        }
+        const auto secondary = HDGSecondaryDewPointSearch(mix, returnAir, rh).FindByFullScan();
+        ASSERT_EQ(secondary.Step, kept) << "trial " << trial;
+    }
 }
 
 // The walk accepts the first step within 0.005 °C, or else the step after the

@@ -2,6 +2,7 @@
 
 #include "zefra/platform/airlib/Air.h"
 #include "zefra/platform/airlib/NT.h"
+#include "zefra/platform/airlib/VectorClones.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,6 +16,27 @@ constexpr long long kShortWalk = 32;       // walks this short are simply walked
 constexpr double kLongestWalkD = 1.0e4;    // g/kg; beyond it the step count isn't worth estimating
 constexpr int kExtrapolationRounds = 8;    // then the probes double their reach
 constexpr long long kFreezingWindow = 3;   // steps each side of the 0 °C kink taken one by one
+
+constexpr int kBlock = 32;                 // steps evaluated together by the full scan
+
+// What a step computes besides tL, several steps at a time, by the same
+// operations as HDGPrimarySupplyPointSearch::Evaluate.
+struct SSupplyLine {
+    double RoomH, RoomD, Epsilon, SupplyDuctRise;
+};
+
+ZEFRA_VECTOR_CLONES
+void EvaluateSteps(const SSupplyLine& line, const double* __restrict d, const double* __restrict tL, int n,
+                   double* __restrict hO, double* __restrict tO, double* __restrict gap) {
+    const SSupplyLine l = line;
+    for (int k = 0; k < n; ++k) {
+        const double h = l.RoomH - l.Epsilon * (l.RoomD - d[k]) / 1000.0;
+        const double t = AIR::GetTdb(h, d[k]);
+        hO[k] = h;
+        tO[k] = t;
+        gap[k] = t - tL[k] - l.SupplyDuctRise;
+    }
+}
 
 bool WithinTolerance(double diff) { return NT::IsEqual(diff, 0.0, kAcceptTolerance); }
 
@@ -45,19 +67,45 @@ HDGPrimarySupplyPointSearch::SPass HDGPrimarySupplyPointSearch::Evaluate(double 
 }
 
 HDGPrimarySupplyPointSearch::SResult HDGPrimarySupplyPointSearch::FindByFullScan() const {
+    // The walk "for (d = N.D − 0.002; d >= 0; d = d − 0.002)", a block of
+    // steps at a time. On a walk of usual length its moisture contents are
+    // read from the accumulation of the subtractions.
+    const SSupplyLine line{m_roomH, m_roomD, m_epsilon, m_supplyDuctRise};
+    const bool accumulated = std::isfinite(m_roomD) && m_roomD < kLongestWalkD;
+    double d[kBlock], tL[kBlock], hO[kBlock], tO[kBlock], gap[kBlock];
     m_evaluations = 0;
     double best = kFirstBest;
     bool improved = false;
-    for (double d = m_roomD - kStep; d >= 0.0; d = d - kStep) {
-        const SPass pass = Evaluate(d);
-        if (best > pass.Diff) {
-            improved = true;
-            best = pass.Diff;
-            if (WithinTolerance(pass.Diff)) return {true, pass};
-        } else if (improved) {
-            // The difference stopped falling: the step after the smallest one.
-            return {true, pass};
+    long long firstStep = 0;
+    double next = m_roomD - kStep;  // the moisture content of firstStep
+    while (next >= 0.0) {
+        int n = 0;
+        if (accumulated) {
+            m_steps.ExtendTo(firstStep + kBlock + 1);
+            m_steps.ValuesWithin(firstStep + 1, kBlock, d);
+            while (n < kBlock && d[n] >= 0.0) ++n;
+            next = n < kBlock ? d[n] : m_steps.ValueWithin(firstStep + kBlock + 1);
+        } else {
+            for (; n < kBlock && next >= 0.0; ++n) {
+                d[n] = next;
+                next = next - kStep;
+            }
         }
+        AIR::GetTdbByDAndRHMany(d, m_dewPointRH, m_pressure, tL, n);
+        EvaluateSteps(line, d, tL, n, hO, tO, gap);
+        m_evaluations += n;
+        for (int k = 0; k < n; ++k) {
+            const double diff = std::fabs(gap[k]);
+            if (best > diff) {
+                improved = true;
+                best = diff;
+                if (WithinTolerance(diff)) return {true, {d[k], hO[k], tO[k], tL[k], gap[k], diff}};
+            } else if (improved) {
+                // The difference stopped falling: the step after the smallest one.
+                return {true, {d[k], hO[k], tO[k], tL[k], gap[k], diff}};
+            }
+        }
+        firstStep += n;
     }
     return {};
 }

@@ -88,7 +88,7 @@ private:
     double m_supplyDuctRise;
     double m_pressure;
 
-    HDGRunningSum m_steps;
+    mutable HDGRunningSum m_steps;  // extended as far as the steps are read
     std::vector<SCachedPass> m_cache;
     mutable int m_evaluations = 0;
 };

@@ -96,12 +96,43 @@ long long HDGRunningSum::GetExtent() const {
     return last.Count + last.RunLength;
 }
 
-double HDGRunningSum::ValueWithin(long long additions) const {
-    if (additions <= 0) return m_checkpoints.front().Value;
+const HDGRunningSum::SCheckpoint& HDGRunningSum::CheckpointOf(long long additions) const {
     const auto after = std::upper_bound(m_checkpoints.begin(), m_checkpoints.end(), additions,
                                         [](long long count, const SCheckpoint& c) { return count < c.Count; });
-    const SCheckpoint& checkpoint = *(after - 1);
+    return *(after - 1);
+}
+
+double HDGRunningSum::ValueWithin(long long additions) const {
+    if (additions <= 0) return m_checkpoints.front().Value;
+    const SCheckpoint& checkpoint = CheckpointOf(additions);
     return ValueInRun(checkpoint, additions - checkpoint.Count);
+}
+
+void HDGRunningSum::ValuesWithin(long long first, int n, double* out) const {
+    int k = 0;
+    while (k < n) {
+        const long long additions = first + k;
+        const SCheckpoint& checkpoint = CheckpointOf(additions);
+        const long long offset = additions - checkpoint.Count;
+        if (additions <= 0 || offset == 0) {
+            out[k++] = additions <= 0 ? m_checkpoints.front().Value : checkpoint.Value;
+            continue;
+        }
+        // The rest of the run: ±(Mantissa + j × Increment) × Scale, as ValueInRun.
+        const long long left = checkpoint.RunLength - offset + 1;
+        if (left <= 0) {  // past the prepared values: as ValueWithin reads them
+            out[k++] = ValueInRun(checkpoint, offset);
+            continue;
+        }
+        const int count = static_cast<int>(std::min<long long>(n - k, left));
+        const double sign = checkpoint.Negative ? -1.0 : 1.0;
+        const long long mantissa = checkpoint.Mantissa + offset * checkpoint.Increment;
+        const long long increment = checkpoint.Increment;
+        const double scale = checkpoint.Scale;
+        double* run = out + k;
+        for (int j = 0; j < count; ++j) run[j] = sign * (static_cast<double>(mantissa + j * increment) * scale);
+        k += count;
+    }
 }
 
 double HDGRunningSum::ValueAfter(long long additions) {

@@ -19,6 +19,9 @@ public:
     double ValueAfter(long long additions);
     // The same for a sum already extended that far (see ExtendTo).
     double ValueWithin(long long additions) const;
+    // out[k] = ValueWithin(first + k) for k < n, the runs inside one binade
+    // several values at a time.
+    void ValuesWithin(long long first, int n, double* out) const;
     // Prepares every value up to `additions` additions.
     void ExtendTo(long long additions);
     long long GetExtent() const;
@@ -39,6 +42,7 @@ private:
 
     SCheckpoint MakeCheckpoint(long long count, double value) const;
     static double ValueInRun(const SCheckpoint& checkpoint, long long additions);
+    const SCheckpoint& CheckpointOf(long long additions) const;
 
     double m_step;
     std::vector<SCheckpoint> m_checkpoints;  // by count, the last one is the frontier

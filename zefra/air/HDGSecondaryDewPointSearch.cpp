@@ -2,6 +2,7 @@
 
 #include "zefra/platform/airlib/Air.h"
 #include "zefra/platform/airlib/NT.h"
+#include "zefra/platform/airlib/VectorClones.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,6 +22,30 @@ constexpr int kCrossingRounds = 64;
 constexpr double kCrossSlack = 1e-9;
 constexpr double kDismissMargin = 1e-9;
 constexpr double kDismissFloor = 1e-12;
+
+constexpr int kBlock = 256;               // steps evaluated together by the full scan
+
+// The figures of one step of the walk, several steps at a time: d on the
+// curve, h, and the difference of the two ratios, by the same operations as
+// HDGSecondaryDewPointSearch::Evaluate.
+struct SWalkLine {
+    double DewPointRH, Pressure, MixH, MixD, ReturnH, ReturnD;
+};
+
+ZEFRA_VECTOR_CLONES
+void EvaluateSteps(const SWalkLine& line, const double* __restrict t, const double* __restrict ps, int n,
+                   double* __restrict d, double* __restrict h, double* __restrict diff) {
+    const SWalkLine l = line;
+    for (int k = 0; k < n; ++k) {
+        const double dk = AIR::GetDByPv(l.DewPointRH * ps[k], l.Pressure);
+        const double hk = AIR::GetH(t[k], dk);
+        const double r1 = (l.MixH - hk) / (l.ReturnH - hk);
+        const double r2 = (l.MixD - dk) / (l.ReturnD - dk);
+        d[k] = dk;
+        h[k] = hk;
+        diff[k] = std::fabs(r1 - r2);
+    }
+}
 
 double EnthalpyRelation(double t, double d) { return (1010.0 * t + d * (2500.0 + 1.84 * t)) / 1000.0; }
 
@@ -75,16 +100,40 @@ HDGSecondaryDewPointSearch::SPass HDGSecondaryDewPointSearch::Evaluate(double t)
 }
 
 HDGSecondaryDewPointSearch::SResult HDGSecondaryDewPointSearch::FindByFullScan() const {
+    // The walk "for (t = 0; M.Tdb >= t; t = t + 0.002)", a block of steps at a
+    // time. Its temperatures are read from the shared accumulation as far as
+    // that is prepared, and added up one by one beyond.
+    const SWalkLine line{m_dewPointRH, m_pressure, m_mixH, m_mixD, m_returnH, m_returnD};
+    const long long prepared = m_temperatures.GetExtent();
+    double t[kBlock], ps[kBlock], d[kBlock], h[kBlock], diff[kBlock];
     m_evaluations = 0;
     double best = kFirstBest;
     SResult result{false, -1, m_mixD, m_mixH};
-    long long step = 0;
-    for (double t = 0.0; m_mixT >= t; t = t + kStep, ++step) {
-        const SPass pass = Evaluate(t);
-        if (best > pass.Diff && pass.Eligible) {
-            best = pass.Diff;
-            result = {true, step, pass.D, pass.H};
+    long long firstStep = 0;
+    double next = 0.0;  // the temperature of firstStep
+    while (m_mixT >= next) {
+        int n = 0;
+        if (firstStep + kBlock <= prepared) {
+            m_temperatures.ValuesWithin(firstStep, kBlock, t);
+            // The temperatures rise step by step, so the walk takes those up to M.Tdb.
+            n = CountWithin(t, kBlock, -std::numeric_limits<double>::infinity(), m_mixT);
+            next = n < kBlock ? t[n] : m_temperatures.ValueWithin(firstStep + kBlock);
+        } else {
+            for (; n < kBlock && m_mixT >= next; ++n) {
+                t[n] = next;
+                next = next + kStep;
+            }
         }
+        AIR::GetPsMany(t, ps, n);
+        EvaluateSteps(line, t, ps, n, d, h, diff);
+        m_evaluations += n;
+        for (int k = 0; k < n; ++k) {
+            if (best > diff[k] && !NT::IsEqual(h[k], m_mixH, kSameEnthalpy)) {
+                best = diff[k];
+                result = {true, firstStep + k, d[k], h[k]};
+            }
+        }
+        firstStep += n;
     }
     return result;
 }

@@ -4,6 +4,7 @@
 #include "zefra/platform/airlib/EnthalpyRHSolver.h"
 #include "zefra/platform/airlib/HylandWexler.h"
 #include "zefra/platform/airlib/MoistAirConstants.h"
+#include "zefra/platform/airlib/VectorClones.h"
 
 #include <cmath>
 
@@ -18,32 +19,42 @@ constexpr double kSutherlandS = 110.4;       // K
 
 double Kelvin(double t) { return t + kKelvinOffset; }
 
+// The vapour pressure of saturated air at each moisture content's dew point
+// for relative humidity RH: Pv / RH.
+ZEFRA_VECTOR_CLONES
+void VapourPressuresAtRH(const double* __restrict D, double RH, double B, double* __restrict out, int n) {
+    for (int k = 0; k < n; ++k) out[k] = GetPv(D[k], B) / RH;
+}
+
 }  // namespace
 
 double GetPs(double Tdb) { return HylandWexler::Ps(Tdb); }
 
-double GetPv(double D, double B) {
-    // Negative contents have no meaning; the line through 0 keeps them finite.
-    return D > 0.0 ? B * D / (kMoistureFactor + D) : B * D / kMoistureFactor;
-}
-
-double GetDByPv(double Pv, double B) { return MoistureAtVapourShare(Pv / B); }
+void GetPsMany(const double* Tdb, double* Ps, int n) { HylandWexler::PsMany(Tdb, Ps, n); }
 
 double GetDByTdp(double Tdp, double B) { return GetDByPv(GetPs(Tdp), B); }
 
-double GetD(double Tdb, double H) { return (1000.0 * H - 1010.0 * Tdb) / (2500.0 + 1.84 * Tdb); }
-
 double GetD(double Tdb, double RH, double B) { return GetDByPv(RH * GetPs(Tdb), B); }
 
-double GetH(double Tdb, double D) { return (1010.0 * Tdb + D * (2500.0 + 1.84 * Tdb)) / 1000.0; }
-
 double GetHByTwb(double Twb, double B) { return GetH(Twb, GetD(Twb, 1.0, B)); }
-
-double GetTdb(double H, double D) { return (1000.0 * H - 2500.0 * D) / (1010.0 + 1.84 * D); }
 
 double GetTdbByDAndRH(double D, double RH, double B) {
     if (!(RH > 0.0)) return D > 0.0 ? kHighestTemperature : kLowestTemperature;
     return DewPointSolver::TemperatureAt(GetPv(D, B) / RH);
+}
+
+void GetTdbByDAndRHMany(const double* D, double RH, double B, double* Tdb, int n) {
+    if (!(RH > 0.0)) {
+        for (int k = 0; k < n; ++k) Tdb[k] = GetTdbByDAndRH(D[k], RH, B);
+        return;
+    }
+    constexpr int kChunk = 256;
+    double Pv[kChunk];
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = n - start < kChunk ? n - start : kChunk;
+        VapourPressuresAtRH(D + start, RH, B, Pv, count);
+        DewPointSolver::TemperaturesAt(Pv, Tdb + start, count);
+    }
 }
 
 double GetTdbByHAndRH(double H, double RH, double B) { return EnthalpyRHSolver::TemperatureOnCurve(H, RH, B); }

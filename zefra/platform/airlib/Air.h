@@ -11,37 +11,48 @@
 // water from 0 °C); the wet bulb is the chart's: the temperature on the
 // saturation curve whose enthalpy equals the state's. See docs/air.md.
 
+#include "zefra/platform/airlib/MoistAirConstants.h"
+
 namespace AIR {
 
 // Saturated vapour pressure at Tdb.
 double GetPs(double Tdb);
 
+// Ps[k] = GetPs(Tdb[k]) for k < n, the same bits, read several at a time.
+void GetPsMany(const double* Tdb, double* Ps, int n);
+
 // Vapour pressure of air with moisture content D at pressure B.
-double GetPv(double D, double B);
+inline double GetPv(double D, double B) {
+    // Negative contents have no meaning; the line through 0 keeps them finite.
+    return D > 0.0 ? B * D / (kMoistureFactor + D) : B * D / kMoistureFactor;
+}
 
 // Moisture content at vapour pressure Pv (with Ps: the saturated content).
-double GetDByPv(double Pv, double B);
+inline double GetDByPv(double Pv, double B) { return MoistureAtVapourShare(Pv / B); }
 
 // Moisture content of air whose dew point is Tdp.
 double GetDByTdp(double Tdp, double B);
 
 // Moisture content at which a state at Tdb has enthalpy H (inverse of GetH).
-double GetD(double Tdb, double H);
+inline double GetD(double Tdb, double H) { return (1000.0 * H - 1010.0 * Tdb) / (2500.0 + 1.84 * Tdb); }
 
 // Moisture content at Tdb and relative humidity RH.
 double GetD(double Tdb, double RH, double B);
 
 // 1000·H = 1010·Tdb + D·(2500 + 1.84·Tdb).
-double GetH(double Tdb, double D);
+inline double GetH(double Tdb, double D) { return (1010.0 * Tdb + D * (2500.0 + 1.84 * Tdb)) / 1000.0; }
 
 // Enthalpy of saturated air at Twb: the chart's wet-bulb line.
 double GetHByTwb(double Twb, double B);
 
 // Dry-bulb temperature of a state of enthalpy H and moisture content D.
-double GetTdb(double H, double D);
+inline double GetTdb(double H, double D) { return (1000.0 * H - 2500.0 * D) / (1010.0 + 1.84 * D); }
 
 // Temperature at which air of moisture content D has relative humidity RH.
 double GetTdbByDAndRH(double D, double RH, double B);
+
+// Tdb[k] = GetTdbByDAndRH(D[k], RH, B) for k < n, the same bits.
+void GetTdbByDAndRHMany(const double* D, double RH, double B, double* Tdb, int n);
 
 // Temperature at which a state of enthalpy H has relative humidity RH.
 double GetTdbByHAndRH(double H, double RH, double B);

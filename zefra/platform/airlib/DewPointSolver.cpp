@@ -202,6 +202,12 @@ double DewPointSolver::TemperatureAt(double Pv) {
     return TemperatureAtLn(std::log(Pv));
 }
 
+void DewPointSolver::TemperaturesAt(const double* Pv, double* t, int n) {
+    const PressurePieces& pieces = Pieces();
+    for (int k = 0; k < n; ++k)
+        t[k] = pieces.Contains(Pv[k]) ? pieces.TemperatureAt(Pv[k]) : TemperatureAt(Pv[k]);
+}
+
 double DewPointSolver::TemperatureAtLn(double lnPv) {
     const DewPointTables& tables = Tables();
     // Each branch is solved on its own curve and interval.

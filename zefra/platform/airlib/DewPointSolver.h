@@ -13,4 +13,6 @@ public:
     // t in °C with Ps(t) = Pv; Pv <= 0 gives the lowest temperature.
     static double TemperatureAt(double Pv);
     static double TemperatureAtLn(double lnPv);
+    // t[k] = TemperatureAt(Pv[k]) for k < n, the same bits.
+    static void TemperaturesAt(const double* Pv, double* t, int n);
 };

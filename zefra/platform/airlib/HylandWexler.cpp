@@ -1,6 +1,7 @@
 #include "zefra/platform/airlib/HylandWexler.h"
 
 #include "zefra/platform/airlib/QuinticPieces.h"
+#include "zefra/platform/airlib/VectorClones.h"
 
 namespace {
 
@@ -39,6 +40,31 @@ double HylandWexler::Ps(double t) {
         return tables.water.At(t);
     }
     return FormulaPs(t);  // beyond the tables, and NaN
+}
+
+void HylandWexler::PsMany(const double* t, double* ps, int n) {
+    const PsTables& tables = Tables();
+    const auto onIce = [](double x) { return x >= kTableLowest && x < kCurvesMeet; };
+    const auto onWater = [](double x) { return x >= kCurvesMeet && x <= kTableHighest; };
+    // A walk over the chart's temperatures mostly stays on one curve.
+    if (CountWithin(t, n, kCurvesMeet, kTableHighest) == n) {
+        tables.water.AtMany(t, ps, n);
+        return;
+    }
+    int k = 0;
+    while (k < n) {
+        int end = k + 1;
+        if (onIce(t[k])) {
+            while (end < n && onIce(t[end])) ++end;
+            tables.ice.AtMany(t + k, ps + k, end - k);
+        } else if (onWater(t[k])) {
+            while (end < n && onWater(t[end])) ++end;
+            tables.water.AtMany(t + k, ps + k, end - k);
+        } else {
+            ps[k] = FormulaPs(t[k]);
+        }
+        k = end;
+    }
 }
 
 bool HylandWexler::TableTerms(bool ice, double t, double terms[4]) {

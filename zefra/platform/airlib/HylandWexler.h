@@ -66,6 +66,10 @@ public:
     // Ps in Pa at t in °C, from the tables where they reach.
     static double Ps(double t);
 
+    // ps[k] = Ps(t[k]) for k < n, bit for bit; runs of temperatures on one
+    // table are read several at a time.
+    static void PsMany(const double* t, double* ps, int n);
+
     // Ps and its first three derivatives in t from the table of one curve;
     // false outside the tables' reach.
     static bool TableTerms(bool ice, double t, double terms[4]);

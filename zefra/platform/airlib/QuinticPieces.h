@@ -52,6 +52,12 @@ struct QuinticPiece {
     }
 };
 
+// out[k] = the reading of x[k] from pieces of equal width that start at
+// first, for k < n: the loop of UniformQuinticTable::AtMany, built for the
+// widest vector unit the processor has.
+void ReadQuinticPieces(const QuinticPiece* pieces, int lastPiece, double first, double invWidth, const double* x,
+                       double* out, int n);
+
 // Pieces of equal width from first to last. Arguments outside [first, last],
 // and NaN, are not in the table: callers ask Contains first.
 class UniformQuinticTable {
@@ -76,6 +82,12 @@ public:
     double At(double x) const {
         double s;
         return PieceAt(x, s).At(s);
+    }
+
+    // At(x[k]) for k < n, bit for bit, several at a time. Every x[k] must be
+    // in the table.
+    void AtMany(const double* x, double* out, int n) const {
+        ReadQuinticPieces(m_pieces.data(), static_cast<int>(m_pieces.size()) - 1, m_first, m_invWidth, x, out, n);
     }
 
     // The value and df/dx.
