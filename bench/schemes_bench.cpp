@@ -70,6 +70,29 @@ void BM_Schemes_SecondaryCalculate(benchmark::State& state) {
 }
 BENCHMARK(BM_Schemes_SecondaryCalculate)->DenseRange(0, 4);
 
+// Type 0 of both schemes with the full walk in place of the quick search.
+void BM_Schemes_PrimaryCalculateFullWalk(benchmark::State& state) {
+    const SHDGPrimaryReturnAirInfo given = PrimaryGiven(HDGPRI_XJ_DEWPOINT);
+    ZefraHDGPrimaryReturnAir scheme;
+    scheme.SetSearchMode(EHDGSearchMode::FullWalk);
+    for (auto _ : state) {
+        scheme.SetGivenData(given);
+        benchmark::DoNotOptimize(scheme.Calculate());
+    }
+}
+BENCHMARK(BM_Schemes_PrimaryCalculateFullWalk);
+
+void BM_Schemes_SecondaryCalculateFullWalk(benchmark::State& state) {
+    const SHDGSecondaryReturnAirInfo given = SecondaryGiven(HDGSEC_XJ);
+    ZefraHDGSecondaryReturnAir scheme;
+    scheme.SetSearchMode(EHDGSearchMode::FullWalk);
+    for (auto _ : state) {
+        scheme.SetGivenData(given);
+        benchmark::DoNotOptimize(scheme.Calculate());
+    }
+}
+BENCHMARK(BM_Schemes_SecondaryCalculateFullWalk);
+
 // The four report texts that Calculate appends, alone, on a calculated
 // scheme: the share of Calculate that is text rather than air.
 void BM_Schemes_PrimaryReportTexts(benchmark::State& state) {

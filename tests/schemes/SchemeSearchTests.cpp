@@ -2,6 +2,8 @@
 #include "zefra/air/HDGPrimarySupplyPointSearch.h"
 #include "zefra/air/HDGRunningSum.h"
 #include "zefra/air/HDGSecondaryDewPointSearch.h"
+#include "zefra/air/ZefraHDGPrimaryReturnAir.h"
+#include "zefra/air/ZefraHDGSecondaryReturnAir.h"
 #include "zefra/platform/airlib/Air.h"
 
 #include <gtest/gtest.h>
@@ -188,4 +190,39 @@ TEST(HDGPrimarySupplyPointSearch, AcceptsWithinToleranceOrTheStepAfterTheSmalles
     EXPECT_GT(steep[j], 0.005);
     EXPECT_GE(steep[j], steep[j - 1]);
     for (size_t i = 1; i < j; ++i) EXPECT_LT(steep[i], steep[i - 1]);
+}
+
+// A scheme calculated with the full walk has the points and loads of the
+// quick search.
+TEST(SchemeSearches, CalculateGivesTheSameSchemeEitherWay) {
+    const ZefraHDGPoint room(26.0, 0.55, L"N");
+    ZefraHDGPoint outdoor;
+    outdoor.CalByTdbAndTwb(35.0, 28.0);
+    auto points = [](const auto& scheme) {
+        return std::vector<double>{scheme.GetPointL().GetH(), scheme.GetPointL().GetD(), scheme.GetPointO().GetH(),
+                                   scheme.GetPointC().GetH(), scheme.GetQp(), scheme.GetGo()};
+    };
+    for (const double load : {11.6, 48.0}) {
+        SHDGPrimaryReturnAirInfo primaryGiven;
+        primaryGiven.PointN = room;
+        primaryGiven.PointW = outdoor;
+        primaryGiven.Qn = load;
+        ZefraHDGPrimaryReturnAir quick, full;
+        full.SetSearchMode(EHDGSearchMode::FullWalk);
+        quick.SetGivenData(primaryGiven);
+        full.SetGivenData(primaryGiven);
+        ASSERT_TRUE(quick.Calculate() && full.Calculate());
+        EXPECT_EQ(points(quick), points(full));
+
+        SHDGSecondaryReturnAirInfo secondaryGiven;
+        secondaryGiven.PointN = room;
+        secondaryGiven.PointW = outdoor;
+        secondaryGiven.Qn = load;
+        ZefraHDGSecondaryReturnAir quick2, full2;
+        full2.SetSearchMode(EHDGSearchMode::FullWalk);
+        quick2.SetGivenData(secondaryGiven);
+        full2.SetGivenData(secondaryGiven);
+        ASSERT_TRUE(quick2.Calculate() && full2.Calculate());
+        EXPECT_EQ(points(quick2), points(full2));
+    }
 }

@@ -121,7 +121,8 @@ bool ZefraHDGPrimaryReturnAir::Cal_Xj_Process() {
 void ZefraHDGPrimaryReturnAir::FindSupplyPointByDewPoint(double epsilon) {
     const SHDGPrimaryReturnAirInfo& g = GivenData;
     HDGPrimarySupplyPointSearch search(g.PointN, epsilon, g.ptL_RH, g.SfGdWs);
-    const HDGPrimarySupplyPointSearch::SResult result = search.Find();
+    const HDGPrimarySupplyPointSearch::SResult result =
+        SearchMode == EHDGSearchMode::FullWalk ? search.FindByFullScan() : search.Find();
     if (!result.Found) {
         // O, L and K keep what they held; the flows and loads follow from them.
         ResultInfo.Add(kSupplyPointFailed);

@@ -74,7 +74,8 @@ bool ZefraHDGSecondaryReturnAir::Cal_Xj_Process() {
     g.Go = g.Qn / (N.GetH() - PointO.GetH());
 
     HDGSecondaryDewPointSearch search(PointM, PointN1, g.ptL_RH);
-    const HDGSecondaryDewPointSearch::SResult dew = search.Find();
+    const HDGSecondaryDewPointSearch::SResult dew =
+        SearchMode == EHDGSearchMode::FullWalk ? search.FindByFullScan() : search.Find();
     PointL.CalByHAndD(dew.H, dew.D);
     Gr2 = g.Go * (PointM.GetH() - dew.H) / (PointN1.GetH() - dew.H);
 

@@ -7,6 +7,7 @@
 // in kg/s, heat loads in kW, moisture loads in kg/s, ε in kJ/kg.
 
 #include "zefra/air/SHDGSecondaryReturnAirInfo.h"
+#include "zefra/air/EHDGSearchMode.h"
 #include "zefra/air/ZefraHDGPoint.h"
 #include "zefra/air/ZefraHDGProcess.h"
 #include "zefra/platform/mfc/CNTArray.h"
@@ -103,6 +104,10 @@ public:
     CString GetAllText_Q() const;
     CString GetMwText_Mw() const;
 
+    // Which form of the summer search Calculate runs; Quick unless set.
+    void SetSearchMode(EHDGSearchMode mode) { SearchMode = mode; }
+    EHDGSearchMode GetSearchMode() const { return SearchMode; }
+
     // The record of the given data (HDGRecords.cpp).
     bool SaveXml(QoDtDictionary* dict) override;
     bool ReadXml(QoDtDictionary* dict) override;
@@ -117,6 +122,7 @@ private:
     // moisture texts join ResultInfo, after any failure text.
     void AppendReportTexts();
 
+    EHDGSearchMode SearchMode = EHDGSearchMode::Quick;
     double Gn = 0.0;
     double Gr2 = 0.0;
     double Qw = 0.0;
