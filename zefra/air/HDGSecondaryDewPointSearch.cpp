@@ -151,6 +151,23 @@ HDGSecondaryDewPointSearch::SPass HDGSecondaryDewPointSearch::NewPass(long long 
     return pass;
 }
 
+void HDGSecondaryDewPointSearch::NewPasses(const std::vector<long long>& steps) {
+    const SWalkLine line{m_dewPointRH, m_pressure, m_mixH, m_mixD, m_returnH, m_returnD};
+    double t[kBlock], ps[kBlock], d[kBlock], h[kBlock], diff[kBlock];
+    for (size_t start = 0; start < steps.size(); start += kBlock) {
+        const int n = static_cast<int>(std::min<size_t>(kBlock, steps.size() - start));
+        for (int k = 0; k < n; ++k) t[k] = m_temperatures.ValueWithin(steps[start + k]);
+        AIR::GetPsMany(t, ps, n);
+        EvaluateSteps(line, t, ps, n, d, h, diff);
+        m_evaluations += n;
+        for (int k = 0; k < n; ++k) {
+            const SPass pass{t[k], d[k], h[k], diff[k], !NT::IsEqual(h[k], m_mixH, kSameEnthalpy)};
+            m_evaluated.push_back({steps[start + k], pass});
+            Consider(steps[start + k], pass);
+        }
+    }
+}
+
 void HDGSecondaryDewPointSearch::Consider(long long step, const SPass& pass) {
     // The walk keeps the smallest difference, and of equal ones the earliest.
     if (!pass.Eligible || !(kFirstBest > pass.Diff)) return;
@@ -280,22 +297,36 @@ HDGSecondaryDewPointSearch::SResult HDGSecondaryDewPointSearch::Find() {
     if ((Cross(first.H, first.D) > 0.0) != (Cross(end.H, end.D) > 0.0)) crossing = FindCrossing(0, last);
 
     // Every range between evaluated steps is dismissed by its bound or split.
+    // The ranges are taken a generation at a time, so that the steps of one
+    // generation are evaluated together rather than one after another.
     std::vector<SRange> ranges;
     ranges.reserve(64);
     std::vector<int> byStep(m_evaluated.size());
     for (size_t i = 0; i < byStep.size(); ++i) byStep[i] = static_cast<int>(i);
     std::sort(byStep.begin(), byStep.end(), [this](int x, int y) { return m_evaluated[x].Step < m_evaluated[y].Step; });
     for (size_t i = 1; i < byStep.size(); ++i) ranges.push_back({byStep[i - 1], byStep[i]});
+    std::vector<SRange> split;
+    std::vector<long long> splitSteps;
+    split.reserve(64);
+    splitSteps.reserve(64);
     while (!ranges.empty()) {
-        const SRange range = ranges.back();
-        ranges.pop_back();
-        const long long a = m_evaluated[range.A].Step;
-        const long long b = m_evaluated[range.B].Step;
-        if (b - a < 2 || CannotHoldBest(m_evaluated[range.A].Pass, m_evaluated[range.B].Pass)) continue;
-        NewPass(SplitStep(a, b, crossing));
-        const int middle = static_cast<int>(m_evaluated.size()) - 1;
-        ranges.push_back({middle, range.B});
-        ranges.push_back({range.A, middle});
+        split.clear();
+        splitSteps.clear();
+        for (const SRange& range : ranges) {
+            const long long a = m_evaluated[range.A].Step;
+            const long long b = m_evaluated[range.B].Step;
+            if (b - a < 2 || CannotHoldBest(m_evaluated[range.A].Pass, m_evaluated[range.B].Pass)) continue;
+            split.push_back(range);
+            splitSteps.push_back(SplitStep(a, b, crossing));
+        }
+        const int firstNew = static_cast<int>(m_evaluated.size());
+        NewPasses(splitSteps);
+        ranges.clear();
+        for (size_t i = 0; i < split.size(); ++i) {
+            const int middle = firstNew + static_cast<int>(i);
+            ranges.push_back({split[i].A, middle});
+            ranges.push_back({middle, split[i].B});
+        }
     }
     return m_best;
 }

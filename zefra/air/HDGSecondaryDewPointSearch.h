@@ -66,6 +66,8 @@ private:
     SPass PassAt(long long step);
     // Evaluates a step not evaluated before.
     SPass NewPass(long long step);
+    // Evaluates steps not evaluated before, together.
+    void NewPasses(const std::vector<long long>& steps);
     void Consider(long long step, const SPass& pass);
     long long LastStep();
     // X = (M.H − h)(N'.D − d) − (M.D − d)(N'.H − h), zero on the line N'M.
