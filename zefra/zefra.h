@@ -1,6 +1,7 @@
 #pragma once
 // Every public header of the ZefraDataBase library.
 
+#include "zefra/air/EHDGSearchMode.h"
 #include "zefra/air/HDGCalItemText.h"
 #include "zefra/air/HDGCurB.h"
 #include "zefra/air/HDGPrimarySupplyPointSearch.h"
@@ -113,6 +114,7 @@
 #include "zefra/platform/airlib/NT.h"
 #include "zefra/platform/airlib/QuinticPieces.h"
 #include "zefra/platform/airlib/UnitTable.h"
+#include "zefra/platform/airlib/VectorClones.h"
 #include "zefra/platform/entities/HvacFitDefaults.h"
 #include "zefra/platform/entities/QoDbHvacCoilPipe.h"
 #include "zefra/platform/entities/QoDbHvacDefaultFitData.h"
