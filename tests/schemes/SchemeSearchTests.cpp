@@ -195,34 +195,29 @@ TEST(HDGPrimarySupplyPointSearch, AcceptsWithinToleranceOrTheStepAfterTheSmalles
 // A scheme calculated with the full walk has the points and loads of the
 // quick search.
 TEST(SchemeSearches, CalculateGivesTheSameSchemeEitherWay) {
-    const ZefraHDGPoint room(26.0, 0.55, L"N");
     ZefraHDGPoint outdoor;
     outdoor.CalByTdbAndTwb(35.0, 28.0);
-    auto points = [](const auto& scheme) {
-        return std::vector<double>{scheme.GetPointL().GetH(), scheme.GetPointL().GetD(), scheme.GetPointO().GetH(),
-                                   scheme.GetPointC().GetH(), scheme.GetQp(), scheme.GetGo()};
+    auto expectSameEitherWay = [](auto quick, const auto& given) {
+        auto full = quick;
+        full.SetSearchMode(EHDGSearchMode::FullWalk);
+        quick.SetGivenData(given);
+        full.SetGivenData(given);
+        ASSERT_TRUE(quick.Calculate() && full.Calculate());
+        for (const auto* scheme : {&quick, &full}) ASSERT_EQ(scheme->GetResultInfo().GetSize(), 4);
+        auto figures = [](const auto& scheme) {
+            return std::vector<double>{scheme.GetPointL().GetH(), scheme.GetPointL().GetD(),
+                                       scheme.GetPointO().GetH(), scheme.GetPointC().GetH(),
+                                       scheme.GetQp(),            scheme.GetGo()};
+        };
+        EXPECT_EQ(figures(quick), figures(full));
     };
     for (const double load : {11.6, 48.0}) {
-        SHDGPrimaryReturnAirInfo primaryGiven;
-        primaryGiven.PointN = room;
-        primaryGiven.PointW = outdoor;
-        primaryGiven.Qn = load;
-        ZefraHDGPrimaryReturnAir quick, full;
-        full.SetSearchMode(EHDGSearchMode::FullWalk);
-        quick.SetGivenData(primaryGiven);
-        full.SetGivenData(primaryGiven);
-        ASSERT_TRUE(quick.Calculate() && full.Calculate());
-        EXPECT_EQ(points(quick), points(full));
-
-        SHDGSecondaryReturnAirInfo secondaryGiven;
-        secondaryGiven.PointN = room;
-        secondaryGiven.PointW = outdoor;
-        secondaryGiven.Qn = load;
-        ZefraHDGSecondaryReturnAir quick2, full2;
-        full2.SetSearchMode(EHDGSearchMode::FullWalk);
-        quick2.SetGivenData(secondaryGiven);
-        full2.SetGivenData(secondaryGiven);
-        ASSERT_TRUE(quick2.Calculate() && full2.Calculate());
-        EXPECT_EQ(points(quick2), points(full2));
+        SHDGPrimaryReturnAirInfo primary;
+        SHDGSecondaryReturnAirInfo secondary;
+        primary.PointN = secondary.PointN = ZefraHDGPoint(26.0, 0.55, L"N");
+        primary.PointW = secondary.PointW = outdoor;
+        primary.Qn = secondary.Qn = load;
+        expectSameEitherWay(ZefraHDGPrimaryReturnAir(), primary);
+        expectSameEitherWay(ZefraHDGSecondaryReturnAir(), secondary);
     }
 }
