@@ -73,10 +73,7 @@ public:
         double s = u - i;
         if (s > 1.0) s = 1.0;
         const size_t k = static_cast<size_t>(i);
-        const double s2 = s * s;
-        const double s3 = s2 * s;
-        return (2.0 * s3 - 3.0 * s2 + 1.0) * m_t[k] + (s3 - 2.0 * s2 + s) * m_slope[k] +
-               (3.0 * s2 - 2.0 * s3) * m_t[k + 1] + (s3 - s2) * m_slope[k + 1];
+        return CubicHermite(m_t[k], m_slope[k], m_t[k + 1], m_slope[k + 1], s);
     }
 
 private:

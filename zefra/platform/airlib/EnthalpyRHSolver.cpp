@@ -108,13 +108,6 @@ double ScaleOf(double q) {
     return static_cast<double>(bits) * (1.0 / 4503599627370496.0) - 1023.0;
 }
 
-double Hermite(double a, double slopeA, double b, double slopeB, double s) {
-    const double s2 = s * s;
-    const double s3 = s2 * s;
-    return (2.0 * s3 - 3.0 * s2 + 1.0) * a + (s3 - 2.0 * s2 + s) * slopeA + (3.0 * s2 - 2.0 * s3) * b +
-           (s3 - s2) * slopeB;
-}
-
 // Rows of equal q on the scale; the grid points of every whole octave are
 // nodes, so q is linear in the scale within each cell.
 constexpr double kFirstScale = -27.0;  // q = 2^-27: RH 0.00075 at 100 kPa
@@ -170,11 +163,11 @@ public:
         const double qStep = m_qStep[static_cast<size_t>(j)];
         const size_t k0 = Index(i, j);
         const size_t k1 = Index(i, j + 1);
-        const double t0 = Hermite(m_t[k0], m_slopeU[k0], m_t[k0 + 1], m_slopeU[k0 + 1], s);
-        const double t1 = Hermite(m_t[k1], m_slopeU[k1], m_t[k1 + 1], m_slopeU[k1 + 1], s);
+        const double t0 = CubicHermite(m_t[k0], m_slopeU[k0], m_t[k0 + 1], m_slopeU[k0 + 1], s);
+        const double t1 = CubicHermite(m_t[k1], m_slopeU[k1], m_t[k1 + 1], m_slopeU[k1 + 1], s);
         const double w0 = ((1.0 - s) * m_slopeQ[k0] + s * m_slopeQ[k0 + 1]) * qStep;
         const double w1 = ((1.0 - s) * m_slopeQ[k1] + s * m_slopeQ[k1 + 1]) * qStep;
-        return Hermite(t0, w0, t1, w1, r);
+        return CubicHermite(t0, w0, t1, w1, r);
     }
 
 private:

@@ -11,6 +11,15 @@
 #include <cmath>
 #include <vector>
 
+// The cubic between values a and b with slopes (per unit of s) slopeA and
+// slopeB, at s in [0, 1]: the first guesses of the exact solvers.
+inline double CubicHermite(double a, double slopeA, double b, double slopeB, double s) {
+    const double s2 = s * s;
+    const double s3 = s2 * s;
+    return (2.0 * s3 - 3.0 * s2 + 1.0) * a + (s3 - 2.0 * s2 + s) * slopeA + (3.0 * s2 - 2.0 * s3) * b +
+           (s3 - s2) * slopeB;
+}
+
 // f, df/dx and d²f/dx² at one argument.
 struct QuinticNode {
     double value;
