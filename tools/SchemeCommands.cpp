@@ -41,6 +41,7 @@ struct SchemeOptions {
     std::string save;   // file for the process record
     std::string load;   // file with a process record to start from
     std::string chart;  // file for the chart with the process drawn over it
+    bool fullWalk = false;  // the summer search as the full walk
 };
 
 // ---- Reading the given data -------------------------------------------------
@@ -313,6 +314,7 @@ SchemeResult RunPrimary(const SchemeOptions& options) {
     RefusePrimary(given);
 
     scheme.SetGivenData(given);
+    if (options.fullWalk) scheme.SetSearchMode(EHDGSearchMode::FullWalk);
     scheme.Calculate();
     const SHDGPrimaryReturnAirInfo after = scheme.GetGivenData();
 
@@ -350,6 +352,7 @@ SchemeResult RunSecondary(const SchemeOptions& options) {
     RefuseSecondary(given);
 
     scheme.SetGivenData(given);
+    if (options.fullWalk) scheme.SetSearchMode(EHDGSearchMode::FullWalk);
     scheme.Calculate();
     const SHDGSecondaryReturnAirInfo after = scheme.GetGivenData();
 
@@ -498,6 +501,8 @@ void AddSchemeCommand(CLI::App& app, const char* name, const char* description, 
                         "start from the process record in this XML file (--input and --type apply on top)");
     command->add_option("--chart", options->chart,
                         "draw the process on the enthalpy-humidity chart into this file (.svg, .png or .pdf)");
+    command->add_flag("--full-walk", options->fullWalk,
+                      "run the summer search as the full walk over every step (the same result, slower)");
     command->callback([options, run, type]() {
         options->typeGiven = type->count() > 0;
         Run(*options, run);

@@ -90,6 +90,15 @@ TEST(SchemeCli, JsonInputOfADesignGivesBalancedResults) {
                 Value(loads, "Qn") + Value(loads, "Qw") + Value(loads, "Qr") + Value(loads, "Qo"), 1e-9);
 }
 
+TEST(SchemeCli, FullWalkPrintsTheSameScheme) {
+    for (const char* scheme : {"primary", "secondary"}) {
+        const RunResult quick = RunCli(std::string(scheme) + " --json");
+        const RunResult full = RunCli(std::string(scheme) + " --json --full-walk");
+        ASSERT_EQ(full.exitCode, 0) << full.output;
+        EXPECT_EQ(quick.output, full.output) << scheme;
+    }
+}
+
 TEST(SchemeCli, BadInputNamesTheFieldAndTheReason) {
     const InputFile malformed(R"({"Qn": 12,)");
     ExpectRefused("primary --input " + malformed.Path(), "not valid JSON");
