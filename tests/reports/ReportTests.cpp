@@ -4,6 +4,7 @@
 #include "zefra/chart/HDGChartItemTables.h"
 #include "zefra/chart/QoHvacHDGSysSetManager.h"
 #include "zefra/config/QoDtConfigStore.h"
+#include "zefra/platform/airlib/NT.h"
 
 #include "reports/ReportGolden.h"
 
@@ -196,4 +197,40 @@ TEST_F(Reports, BalanceMessagesAppearExactlyWhenABalanceFails) {
     m.Mwp = -0.0018;
     EXPECT_EQ(report.MoistureText(m, false).ToUtf8().find(moisture), std::string::npos);
     EXPECT_NE(report.MoistureText(m, true).ToUtf8().find(moisture), std::string::npos);
+}
+
+// The texts read the settings by row; a table cut short through the table
+// accessors must still answer as the lookups by name do: precision 2, empty
+// unit and abbreviation, item not shown.
+TEST_F(Reports, TablesCutShortGiveTheDefaultsOfTheLookups) {
+    ZefraHDGPrimaryReturnAir scheme;
+    scheme.Calculate();
+    settings->GetPrecisions().SetSize(4);    // no row for 风量 and the loads
+    settings->GetUnitsNames().SetSize(2);    // no row for 焓
+    settings->GetDisplayItems().SetSize(3);  // 干球温度, 相对湿度, 焓
+    settings->GetAbbreviations().SetSize(1);
+    settings->SetPrecision(L"温度", 1);
+    const std::string points = scheme.GetAllPointText().ToUtf8();
+    EXPECT_NE(points.find("\r\nN: 干球温度:22.0℃\t:60.00%\t:47.36\r\n"), std::string::npos) << points;
+    const std::string flows = scheme.GetAllText_G().ToUtf8();
+    EXPECT_NE(flows.find("新风量：762.71m^3/h\t\t"), std::string::npos) << flows;
+    EXPECT_NE(scheme.GetAllText_Mw().ToUtf8().find("总湿负荷：3.74g/s"), std::string::npos);
+}
+
+// A figure far longer than the texts plan room for (30 decimals of a huge
+// flow) still lands whole, as many times as the text has figures.
+TEST_F(Reports, LongFiguresFitInTheText) {
+    settings->SetPrecision(L"风量", 30);
+    settings->SetUnitsName(L"风量", L"kg/s");
+    HDGReportText report(*settings);
+    HDGReportText::SFlows flows;
+    flows.Gw = flows.Gn = flows.Go = flows.Gr1 = flows.Gr2 = 1e300;
+    const std::string f = NT::ftoa(1e300, 30, false).ToUtf8() + "kg/s";
+    const std::string twice = NT::ftoa(2e300, 30, false).ToUtf8() + "kg/s";
+    EXPECT_EQ(report.SecondaryAirFlowText(flows).ToUtf8(),
+              "\r\n风量关系\r\n-----------------------------------"
+              "\r\n新风量：" + f + "\t\t回风量：" + f +
+              "\r\n一次回风量：" + f + "\t\t二次回风量：" + f +
+              "\r\n送风量：" + f + "\t\t设备风量：" + twice +
+              "\r\n新风比：0.00%\t\t热湿比：0.00kJ/kg");
 }

@@ -60,10 +60,8 @@ public:
     CString MoistureText(const SMoisture& moisture, bool winter) const;
 
 private:
-    CString Flow(const wchar_t* format, double flow) const;
-    CString Load(const wchar_t* format, double load) const;
-    CString Moisture(const wchar_t* format, double load) const;
-    CString LoadBalanceMessage(double carried, double total) const;
+    // Whether what the unit carries equals the total, to 0.001 of the unit shown.
+    bool LoadsBalance(double carried, double total) const;
 
     QoHvacHDGSysSetManager& m_settings;
 };

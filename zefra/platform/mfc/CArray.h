@@ -87,6 +87,14 @@ public:
 
     void SetAtGrow(int index, ARG_TYPE element) {
         if (index < 0) throw CInvalidArgException("CArray index is negative");
+        if (index < m_nMaxSize) {
+            // No reallocation, so an argument living in this array stays put:
+            // assign it straight into its slot.
+            for (int i = m_nSize; i < index; ++i) m_pData[i] = TYPE();
+            m_pData[index] = element;
+            if (index >= m_nSize) m_nSize = index + 1;
+            return;
+        }
         TYPE copy(element);  // the argument may live in this array
         if (index >= m_nSize) SetSize(index + 1);
         m_pData[index] = std::move(copy);
@@ -162,8 +170,18 @@ private:
         if (index < 0 || index >= m_nSize) throw CInvalidArgException("CArray index out of range");
     }
 
+    // Fresh slots. Every slot gets its value by assignment before it counts
+    // as an element, so a class type is built by its constructor alone rather
+    // than zeroed first; plain data is zeroed as one block.
+    static TYPE* Allocate(size_t count) {
+        if constexpr (std::is_trivially_default_constructible<TYPE>::value)
+            return new TYPE[count]();
+        else
+            return new TYPE[count];
+    }
+
     void Reallocate(int capacity) {
-        std::unique_ptr<TYPE[]> fresh(capacity > 0 ? new TYPE[static_cast<size_t>(capacity)]() : nullptr);
+        std::unique_ptr<TYPE[]> fresh(capacity > 0 ? Allocate(static_cast<size_t>(capacity)) : nullptr);
         const int keep = std::min(m_nSize, capacity);
         for (int i = 0; i < keep; ++i) fresh[i] = std::move(m_pData[i]);
         m_pData = std::move(fresh);
