@@ -129,6 +129,30 @@ void BM_Air_GetPs(benchmark::State& bench) {
 }
 BENCHMARK(BM_Air_GetPs)->Apply(StateArgs);
 
+// The many-at-once forms over a walk of 256 steps, per argument: a walk
+// across the chart's temperatures, and dew points of a falling moisture content.
+void BM_Air_GetPsMany(benchmark::State& bench) {
+    double t[256], ps[256];
+    for (int k = 0; k < 256; ++k) t[k] = 5.0 + 0.002 * k;
+    for (auto _ : bench) {
+        AIR::GetPsMany(t, ps, 256);
+        benchmark::DoNotOptimize(ps);
+    }
+    bench.SetItemsProcessed(bench.iterations() * 256);
+}
+BENCHMARK(BM_Air_GetPsMany);
+
+void BM_Air_GetTdbByDAndRHMany(benchmark::State& bench) {
+    double d[256], t[256];
+    for (int k = 0; k < 256; ++k) d[k] = 9.9 - 0.002 * k;
+    for (auto _ : bench) {
+        AIR::GetTdbByDAndRHMany(d, 0.9, 101325.0, t, 256);
+        benchmark::DoNotOptimize(t);
+    }
+    bench.SetItemsProcessed(bench.iterations() * 256);
+}
+BENCHMARK(BM_Air_GetTdbByDAndRHMany);
+
 void BM_Air_GetTdp(benchmark::State& bench) {
     RunOverStates(bench, [](const State& s) { benchmark::DoNotOptimize(AIR::GetTdp(s.D, s.B)); });
 }
