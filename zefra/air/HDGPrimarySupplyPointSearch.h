@@ -10,7 +10,8 @@
 // it, or else the first step at which the difference stopped falling. It
 // fails when d falls below 0 with no step accepted.
 //
-// FindByFullScan walks every step and is the reference. Find reaches the
+// FindByFullScan walks every step and is the reference; it evaluates the
+// steps a block at a time in vector loops that give the same bits. Find reaches the
 // same step, bit for bit, with a handful of evaluations: the step values come
 // from HDGRunningSum, which accumulates the 0.002 g/kg subtractions exactly
 // as the walk does, and the property functions run only at the steps that a

@@ -9,7 +9,8 @@
 // r2 = (M.D − d) / (N'.D − d) differ least, the earliest of equal ones,
 // skipping steps with h within 0.001 of M.H and differences of 1000 or more.
 //
-// FindByFullScan walks every step and is the reference. Find gives the same
+// FindByFullScan walks every step and is the reference; it evaluates the
+// steps a block at a time in vector loops that give the same bits. Find gives the same
 // step, bit for bit, from a few dozen steps: the temperatures come from
 // HDGRunningSum, which accumulates the additions exactly as the walk does;
 // the crossing of the curve with the line through N' and M is found first,

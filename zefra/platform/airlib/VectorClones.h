@@ -11,5 +11,7 @@
 #define ZEFRA_VECTOR_CLONES
 #endif
 
-// How many of x[0..n) lie in [lo, hi]: NaN nowhere.
+// How many of x[0..n) lie in [lo, hi]: NaN nowhere. Built with the clones,
+// for the walks to count their steps and the many-at-once functions to
+// sort their arguments by table.
 int CountWithin(const double* x, int n, double lo, double hi);
