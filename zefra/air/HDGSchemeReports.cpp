@@ -15,6 +15,30 @@ HDGReportText Report() { return HDGReportText(*QoHvacHDGSysSetManager::GetInstan
 
 bool HasDuctRise(double rise) { return !NT::IsEqual(rise, 0.0, 0.001); }
 
+// The heat and moisture loads of either scheme, as the texts take them.
+template <typename Scheme>
+HDGReportText::SLoads LoadsOf(const Scheme& scheme) {
+    HDGReportText::SLoads loads;
+    loads.Qn = scheme.GetQn();
+    loads.Qw = scheme.GetQw();
+    loads.Qr = scheme.GetQr();
+    loads.Qo = scheme.GetQo();
+    loads.Qk = scheme.GetQk();
+    loads.Qw1 = scheme.GetQw1();
+    loads.Ql = scheme.GetQl();
+    loads.Qp = scheme.GetQp();
+    return loads;
+}
+
+template <typename Scheme>
+HDGReportText::SMoisture MoistureOf(const Scheme& scheme) {
+    HDGReportText::SMoisture moisture;
+    moisture.Mw = scheme.GetMw();
+    moisture.Mww = scheme.GetMww();
+    moisture.Mwp = scheme.GetMwp();
+    return moisture;
+}
+
 }  // namespace
 
 // ---- Primary return air ------------------------------------------------------
@@ -35,25 +59,11 @@ CString ZefraHDGPrimaryReturnAir::GetAllText_G() const {
 }
 
 CString ZefraHDGPrimaryReturnAir::GetAllText_Q() const {
-    HDGReportText::SLoads loads;
-    loads.Qn = GivenData.Qn;
-    loads.Qw = Qw;
-    loads.Qr = Qr;
-    loads.Qo = Qo;
-    loads.Qk = Qk;
-    loads.Qw1 = Qw1;
-    loads.Ql = Ql;
-    loads.Qp = Qp;
+    const HDGReportText::SLoads loads = LoadsOf(*this);
     return IsWinter() ? Report().WinterHeatLoadText(loads) : Report().SummerHeatLoadText(loads, true);
 }
 
-CString ZefraHDGPrimaryReturnAir::GetAllText_Mw() const {
-    HDGReportText::SMoisture moisture;
-    moisture.Mw = GivenData.Mw;
-    moisture.Mww = Mww;
-    moisture.Mwp = Mwp;
-    return Report().MoistureText(moisture, IsWinter());
-}
+CString ZefraHDGPrimaryReturnAir::GetAllText_Mw() const { return Report().MoistureText(MoistureOf(*this), IsWinter()); }
 
 // ---- Secondary return air ----------------------------------------------------
 
@@ -75,22 +85,8 @@ CString ZefraHDGSecondaryReturnAir::GetAllText_G() const {
 }
 
 CString ZefraHDGSecondaryReturnAir::GetAllText_Q() const {
-    HDGReportText::SLoads loads;
-    loads.Qn = GivenData.Qn;
-    loads.Qw = Qw;
-    loads.Qr = Qr;
-    loads.Qo = Qo;
-    loads.Qk = Qk;
-    loads.Qw1 = Qw1;
-    loads.Ql = Ql;
-    loads.Qp = Qp;
+    const HDGReportText::SLoads loads = LoadsOf(*this);
     return IsWinter() ? Report().WinterHeatLoadText(loads) : Report().SummerHeatLoadText(loads, false);
 }
 
-CString ZefraHDGSecondaryReturnAir::GetMwText_Mw() const {
-    HDGReportText::SMoisture moisture;
-    moisture.Mw = GivenData.Mw;
-    moisture.Mww = Mww;
-    moisture.Mwp = Mwp;
-    return Report().MoistureText(moisture, IsWinter());
-}
+CString ZefraHDGSecondaryReturnAir::GetMwText_Mw() const { return Report().MoistureText(MoistureOf(*this), IsWinter()); }
