@@ -4,11 +4,14 @@
 #include "Cli.h"
 #include "PointIO.h"
 
+#include "zefra/air/HDGChecks.h"
 #include "zefra/air/HDGCurB.h"
 #include "zefra/air/ZefraHDGHeatHumRat.h"
 #include "zefra/air/ZefraHDGLine.h"
 #include "zefra/air/ZefraHDGMixAir.h"
 
+#include <cmath>
+#include <cstdlib>
 #include <iomanip>
 #include <iostream>
 #include <memory>
@@ -137,6 +140,8 @@ void RegisterMix(CLI::App& app) {
                 throw UsageError("--ga and --gb: flows can't be negative, and --gb must be above 0");
         }
         mix.Calculate();
+        if (const auto fault = HDGChecks::State(mix.GetHDGPointC(), "the mixed point C"))
+            throw CalculationError(fault->Message);
         if (common->json) {
             Json json;
             json["pressure"] = GetHDGCurB();
@@ -179,6 +184,9 @@ void RegisterLine(CLI::App& app) {
             line.SetG(*g);
         }
         line.Calculate();
+        if (!std::isfinite(line.GetG()) || !std::isfinite(line.GetQ()))
+            throw CalculationError("points A and B have the same enthalpy: no air flow carries a heat load " +
+                                   std::string("between them"));
         const double dh = line.GetHDGPointB().GetH() - line.GetHDGPointA().GetH();
         if (common->json) {
             Json json;
@@ -230,6 +238,10 @@ void RegisterRatio(CLI::App& app) {
         }
         ratio.Calculate();
         const std::string value = ratio.GetValue().ToUtf8();
+        if (!std::isfinite(std::strtod(value.c_str(), nullptr)))
+            throw CalculationError(q ? "the moisture load --mw is 0: the heat-humidity ratio has no finite value"
+                                     : "points A and B have the same moisture content: the heat-humidity ratio "
+                                       "has no finite value");
         if (common->json) {
             Json json;
             json["pressure"] = GetHDGCurB();

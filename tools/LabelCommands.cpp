@@ -2,6 +2,7 @@
 // in a JSON file, or from the stored contents of the label list.
 
 #include "Cli.h"
+#include "InputFiles.h"
 
 #include "zefra/config/QoDtConfigStore.h"
 #include "zefra/config/QoDtFileSearch.h"
@@ -170,12 +171,11 @@ private:
 };
 
 std::unique_ptr<QoDbHvacDuct> ReadDuctFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) throw UsageError(path + ": cannot be read");
+    const std::string text = ReadInputText("--duct", path);
     Json fields;
     try {
-        fields = Json::parse(in);
-    } catch (const Json::parse_error& e) {
+        fields = Json::parse(text);
+    } catch (const Json::exception& e) {
         throw UsageError(path + ": not valid JSON: " + e.what());
     }
     return DuctReader(fields, path).Read();

@@ -1,5 +1,6 @@
 #include "PointIO.h"
 
+#include "zefra/air/HDGChecks.h"
 #include "zefra/air/HDGCurB.h"
 
 #include <cerrno>
@@ -29,8 +30,6 @@ constexpr PropertyOption kProperties[7] = {
     {"tdp", HDGPT_TDP, "dew-point temperature, °C"},
     {"pv", HDGPT_PV, "vapour partial pressure, Pa"},
 };
-
-constexpr double kHighestRelativeHumidity = 1.5;
 
 std::string SupportedPairs(const std::string& prefix) {
     static const int kPairs[][2] = {{0, 1}, {0, 2}, {0, 3}, {0, 4}, {0, 5}, {0, 6}, {1, 2}, {1, 3}, {1, 4},
@@ -97,19 +96,17 @@ ZefraHDGPoint PointArguments::Build(const CString& name) const {
 
     ZefraHDGPoint point;
     point.SetName(name);
+    std::string fields[2];
     for (int k = 0; k < 2; ++k) {
         const PropertyOption& property = kProperties[given[k]];
-        const std::string option = "--" + m_prefix + property.option;
+        fields[k] = "--" + m_prefix + property.option;
         const std::string& text = *m_values[given[k]];
         double value = 0.0;
         try {
-            value = ParseNumber(option, text);
+            value = ParseNumber(fields[k], text);
         } catch (const UsageError& error) {
             throw UsageError(std::string(error.what()) + "; " + pairs);
         }
-        if (property.kind == HDGPT_RH && !(value >= 0.0 && value <= kHighestRelativeHumidity))
-            throw UsageError(option + ": relative humidity is a fraction from 0 to 1.5 (0.6 is 60 %), got " + text +
-                             "; " + pairs);
         switch (property.kind) {
             case HDGPT_TDB: point.SetTdb(value); break;
             case HDGPT_RH: point.SetRH(value); break;
@@ -122,9 +119,13 @@ ZefraHDGPoint PointArguments::Build(const CString& name) const {
     }
     point.SetCalPara1Type(kProperties[given[0]].kind);
     point.SetCalPara2Type(kProperties[given[1]].kind);
-    if (!point.Calculate())
-        throw UsageError(m_label + ": --" + m_prefix + kProperties[given[0]].option + " with --" + m_prefix +
-                         kProperties[given[1]].option + " doesn't define a state; " + pairs);
+    const HDGFaults faults = HDGChecks::Point(point, m_label, fields[0], fields[1]);
+    if (!faults.empty()) {
+        std::string message = HDGChecks::Describe(faults);
+        if (message.find("doesn't define a state") != std::string::npos) message += "; " + pairs;
+        throw UsageError(message);
+    }
+    point.SetName(name);
     return point;
 }
 
@@ -138,7 +139,7 @@ void PressureArgument::Register(CLI::App& command) {
 
 void PressureArgument::Apply() const {
     const double B = ParseNumber("--pressure", m_text);
-    if (!(B > 0.0)) throw UsageError("--pressure: the pressure must be positive, got " + m_text);
+    if (const auto fault = HDGChecks::Pressure(B, "--pressure")) throw UsageError(fault->Message);
     SetHDGCurB(B);
 }
 

@@ -34,7 +34,7 @@ public:
     // The point of the two properties given, computed at the current
     // pressure, named `name`. Throws UsageError for any other number of
     // properties, a pair without a calculation, a value that isn't a
-    // number, or a relative humidity outside 0..1.5.
+    // number, and for any value or state that the input checks refuse.
     ZefraHDGPoint Build(const CString& name) const;
 
     // Build when any property was given, otherwise the fallback.
@@ -47,8 +47,8 @@ private:
 };
 
 // The --pressure option (Pa, default 101325); Apply makes it the current
-// pressure of the chart, or throws UsageError for a value that isn't a
-// positive number.
+// pressure of the chart, or throws UsageError for a value outside the
+// supported range (with a hint when it looks like kPa, hPa or bar).
 class PressureArgument {
 public:
     void Register(CLI::App& command);

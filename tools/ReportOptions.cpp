@@ -1,5 +1,7 @@
 #include "ReportOptions.h"
 
+#include "InputFiles.h"
+
 #include "Cli.h"
 
 #include "zefra/chart/QoHvacHDGSysSetManager.h"
@@ -81,6 +83,7 @@ void SaveProcessRecord(ZefraHDGProcess& process, const std::string& file) {
 
 void LoadProcessRecord(ZefraHDGProcess& process, const std::string& file, const wchar_t* recordName,
                        const char* what) {
+    RequireRegularFile("--load", file);
     QoDtDictionary record;
     CString message;
     if (!record.LoadFromXML(QoDtTextCodec::FromUtf8(file), &message))

@@ -3,9 +3,11 @@
 // the scheme's report texts and every point, flow and load.
 
 #include "Cli.h"
+#include "InputFiles.h"
 #include "PointIO.h"
 #include "ReportOptions.h"
 
+#include "zefra/air/HDGChecks.h"
 #include "zefra/air/HDGCurB.h"
 #include "zefra/air/HDGSchemeChartOverlay.h"
 #include "zefra/air/ZefraHDGPrimaryReturnAir.h"
@@ -141,11 +143,10 @@ int CheckedType(long long type, int highest, const std::string& what, const char
 }
 
 json ReadInputFile(const std::string& file) {
-    std::ifstream in(file);
-    if (!in) throw UsageError(file + ": cannot open the input file");
+    const std::string text = ReadInputText("--input", file);
     try {
-        return json::parse(in);
-    } catch (const json::parse_error& e) {
+        return json::parse(text);
+    } catch (const json::exception& e) {
         throw UsageError(file + ": not valid JSON: " + e.what());
     }
 }
@@ -182,51 +183,10 @@ void AddCommonFields(GivenFields<Info>& fields, int highestType, const char* sch
 
 // ---- Refusing what can't be calculated --------------------------------------
 
-void Refuse(bool condition, const std::string& message) {
-    if (condition) throw CalculationError("cannot calculate: " + message);
-}
-
-// Summer: ε = Qn / Mw, O lies on the ε line, and Go = Qn / (N.H − O.H).
 template <typename Info>
-void RefuseSummer(const Info& info, bool supplyFromTemperatureDifference) {
-    Refuse(IsInZeroBand(info.Mw), "the moisture load Mw is 0, so the heat-humidity ratio Qn / Mw has no value");
-    Refuse(IsInZeroBand(info.Qn),
-           "the room load Qn is 0: the supply state would have the room's enthalpy and the supply flow "
-           "Go = Qn / (N.H - O.H) would be 0");
-    if (supplyFromTemperatureDifference) {
-        Refuse(IsInZeroBand(info.SfWc),
-               "the supply temperature difference SfWc is 0: the supply state would have the room's enthalpy");
-        ZefraHDGPoint room = info.PointN;
-        room.Calculate();
-        const double t = room.GetTdb() - info.SfWc;
-        Refuse(IsInZeroBand((info.Qn / info.Mw - 2500.0) - 1.84 * t),
-               "the heat-humidity ratio line runs along the supply isotherm and never meets it");
-    }
-}
-
-template <typename Info>
-double WinterFreshAirFlow(const Info& info) {
-    return info.FreshAirType == 0 ? info.FreshAirRatio * info.Go : info.Gw;
-}
-
-void RefusePrimary(const SHDGPrimaryReturnAirInfo& info) {
-    if (info.CalPriRetAirType <= HDGPRI_XJ_SUPPLYDT) {
-        RefuseSummer(info, info.CalPriRetAirType == HDGPRI_XJ_SUPPLYDT);
-        return;
-    }
-    Refuse(IsInZeroBand(info.Go), "the supply flow Go is 0");
-}
-
-void RefuseSecondary(const SHDGSecondaryReturnAirInfo& info) {
-    if (info.CalPriRetAirType == HDGSEC_XJ) {
-        RefuseSummer(info, true);
-        return;
-    }
-    Refuse(IsInZeroBand(info.Go), "the supply flow Go is 0");
-    const double freshAir = WinterFreshAirFlow(info);
-    Refuse(IsInZeroBand(info.Gr1 + freshAir),
-           "no air passes the unit: Gr1 + Gw is 0, and the second return air would be all of the supply air");
-    Refuse(IsInZeroBand(freshAir), "the fresh-air flow Gw is 0, so the preheated outdoor state W' has no value");
+void RefuseGivenData(const Info& info) {
+    const HDGFaults faults = HDGChecks::GivenData(info);
+    if (!faults.empty()) throw UsageError(HDGChecks::Describe(faults));
 }
 
 // ---- The results --------------------------------------------------------------
@@ -253,6 +213,7 @@ struct SchemeResult {
     CStringArray resultInfo;
     std::shared_ptr<ZefraHDGProcess> process;
     SHDGChartOverlay overlay;  // the process for the chart
+    HDGFaults faults;          // results that are not possible states or flows
 };
 
 const char* PrimaryTypeMeaning(int type) {
@@ -311,7 +272,7 @@ SchemeResult RunPrimary(const SchemeOptions& options) {
     if (!options.load.empty()) LoadProcessRecord(scheme, options.load, L"一次回风处理过程", "primary return-air");
     SHDGPrimaryReturnAirInfo given = scheme.GetGivenData();
     ReadGivenData(options, fields, HDGPRI_DJ_HEAT_ISOTH, "primary", given);
-    RefusePrimary(given);
+    RefuseGivenData(given);
 
     scheme.SetGivenData(given);
     if (options.fullWalk) scheme.SetSearchMode(EHDGSearchMode::FullWalk);
@@ -337,6 +298,7 @@ SchemeResult RunPrimary(const SchemeOptions& options) {
     result.resultInfo = scheme.GetResultInfo();
     result.process = process;
     result.overlay = HDGChartOverlayOf(scheme);
+    result.faults = HDGChecks::Results(scheme);
     return result;
 }
 
@@ -349,7 +311,7 @@ SchemeResult RunSecondary(const SchemeOptions& options) {
     if (!options.load.empty()) LoadProcessRecord(scheme, options.load, L"二次回风处理过程", "secondary return-air");
     SHDGSecondaryReturnAirInfo given = scheme.GetGivenData();
     ReadGivenData(options, fields, HDGSEC_DJ_HEAT_ISOTH, "secondary", given);
-    RefuseSecondary(given);
+    RefuseGivenData(given);
 
     scheme.SetGivenData(given);
     if (options.fullWalk) scheme.SetSearchMode(EHDGSearchMode::FullWalk);
@@ -378,25 +340,17 @@ SchemeResult RunSecondary(const SchemeOptions& options) {
     result.resultInfo = scheme.GetResultInfo();
     result.process = process;
     result.overlay = HDGChartOverlayOf(scheme);
+    result.faults = HDGChecks::Results(scheme);
     return result;
 }
 
 // A result that the class gives but that means nothing: a failed search, or
-// a division by zero that the given data couldn't show beforehand.
+// a point, flow or load that is not a possible one.
 void RefuseMeaningless(const SchemeResult& result) {
     for (const std::string& message : result.messages)
         if (message.find("计算失败") != std::string::npos) throw CalculationError("calculation failed: " + message);
-    auto finite = [](const std::vector<Quantity>& quantities) {
-        for (const Quantity& q : quantities)
-            if (!std::isfinite(q.value))
-                throw CalculationError("calculation failed: " + q.symbol + " (" + q.meaning + ") has no finite value");
-    };
-    finite(result.flows);
-    finite(result.loads);
-    finite(result.moisture);
-    for (const auto& [label, point] : result.points)
-        if (!std::isfinite(point.GetH()) || !std::isfinite(point.GetD()) || !std::isfinite(point.GetTdb()))
-            throw CalculationError("calculation failed: point " + label + " has no finite state");
+    if (!result.faults.empty())
+        throw CalculationError("the design has no possible result:\n" + HDGChecks::Describe(result.faults));
 }
 
 // ---- Output -------------------------------------------------------------------

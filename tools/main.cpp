@@ -3,6 +3,22 @@
 #include "zefra/module/ZefraModule.h"
 
 #include <iostream>
+#include <string>
+
+namespace {
+
+// "zefra: " before every line of a message.
+int Refuse(const std::string& message) {
+    size_t start = 0;
+    do {
+        const size_t end = message.find('\n', start);
+        std::cerr << "zefra: " << message.substr(start, end == std::string::npos ? end : end - start) << "\n";
+        start = end == std::string::npos ? end : end + 1;
+    } while (start != std::string::npos);
+    return 2;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     // Loads the module as the host would; at the end of main it unloads it
@@ -28,11 +44,9 @@ int main(int argc, char** argv) {
         std::cerr << "Run with --help for the usage.\n";
         return 2;
     } catch (const zefra::cli::UsageError& e) {
-        std::cerr << "zefra: " << e.what() << "\n";
-        return 2;
+        return Refuse(e.what());
     } catch (const zefra::cli::CalculationError& e) {
-        std::cerr << "zefra: " << e.what() << "\n";
-        return 2;
+        return Refuse(e.what());
     } catch (const std::exception& e) {
         std::cerr << "zefra: internal error: " << e.what() << "\n";
         return 1;

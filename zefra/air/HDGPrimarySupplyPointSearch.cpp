@@ -14,6 +14,10 @@ constexpr double kFirstBest = 100.0;       // the walk's starting "best" differe
 constexpr double kAcceptTolerance = 0.005; // °C
 constexpr long long kShortWalk = 32;       // walks this short are simply walked
 constexpr double kLongestWalkD = 1.0e4;    // g/kg; beyond it the step count isn't worth estimating
+// No walk goes on past this many steps (N.D of 10,000 g/kg, far beyond any
+// possible room): from an absurd or non-finite N.D the subtraction of 0.002
+// may never reach 0, and the walk then fails as one that found nothing.
+constexpr long long kMostWalkSteps = static_cast<long long>(kLongestWalkD / kStep);
 constexpr int kExtrapolationRounds = 8;    // then the probes double their reach
 constexpr long long kFreezingWindow = 3;   // steps each side of the 0 °C kink taken one by one
 
@@ -78,7 +82,7 @@ HDGPrimarySupplyPointSearch::SResult HDGPrimarySupplyPointSearch::FindByFullScan
     bool improved = false;
     long long firstStep = 0;
     double next = m_roomD - kStep;  // the moisture content of firstStep
-    while (next >= 0.0) {
+    while (next >= 0.0 && firstStep < kMostWalkSteps) {
         int n = 0;
         if (accumulated) {
             m_steps.ExtendTo(firstStep + kBlock + 1);

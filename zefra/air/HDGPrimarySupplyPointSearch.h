@@ -10,6 +10,9 @@
 // it, or else the first step at which the difference stopped falling. It
 // fails when d falls below 0 with no step accepted.
 //
+// The walk is bounded at 5,000,000 steps (N.D of 10,000 g/kg); a walk that
+// reaches the bound fails like one that reached 0.
+//
 // FindByFullScan walks every step and is the reference; it evaluates the
 // steps a block at a time in vector loops that give the same bits. Find reaches the
 // same step, bit for bit, with a handful of evaluations: the step values come

@@ -17,6 +17,10 @@ constexpr long long kShortWalk = 64;
 constexpr long long kPreparedSteps = 1LL << 20;  // the shared walk's temperatures reach 2097 °C
 constexpr double kHighestWalkT = 2000.0;        // °C; beyond it the walk is simply walked
 constexpr int kCrossingRounds = 64;
+// No walk goes on past this many steps (M.Tdb of 2000 °C): from an absurd or
+// non-finite M.Tdb the addition of 0.002 may never pass it. A walk stopped
+// there reports that it was exhausted.
+constexpr long long kMostWalkSteps = static_cast<long long>(kHighestWalkT / kStep);
 // Rounding allowances of the bound: relative to the terms of the cross
 // product, and to the best difference when a range is dismissed.
 constexpr double kCrossSlack = 1e-9;
@@ -112,6 +116,7 @@ HDGSecondaryDewPointSearch::SResult HDGSecondaryDewPointSearch::FindByFullScan()
     long long firstStep = 0;
     double next = 0.0;  // the temperature of firstStep
     while (m_mixT >= next) {
+        if (firstStep >= kMostWalkSteps) return {false, -1, m_mixD, m_mixH, true};
         int n = 0;
         if (firstStep + kBlock <= prepared) {
             m_temperatures.ValuesWithin(firstStep, kBlock, t);

@@ -42,6 +42,9 @@ public:
         long long Step = -1;
         double D = 0.0;
         double H = 0.0;
+        // The walk reached its bound of 1,000,000 steps (M.Tdb above 2000 °C)
+        // and gave up: Found is false, D and H are M's.
+        bool Exhausted = false;
     };
 
     HDGSecondaryDewPointSearch(const ZefraHDGPoint& mix, const ZefraHDGPoint& returnAir, double dewPointRH);

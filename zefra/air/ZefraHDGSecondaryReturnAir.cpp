@@ -9,6 +9,8 @@ IMPLEMENT_DYNAMIC(ZefraHDGSecondaryReturnAir, ZefraHDGProcess)
 namespace {
 
 constexpr double kDuctRiseIsZero = 0.001;
+// Only when the walk for L gives up at its bound, far beyond any possible M.
+const wchar_t* const kDewPointFailed = L"露点L计算失败，混合点M的温度超出计算范围。调整室内参数重新计算。";
 
 }  // namespace
 
@@ -76,6 +78,7 @@ bool ZefraHDGSecondaryReturnAir::Cal_Xj_Process() {
     HDGSecondaryDewPointSearch search(PointM, PointN1, g.ptL_RH);
     const HDGSecondaryDewPointSearch::SResult dew =
         SearchMode == EHDGSearchMode::FullWalk ? search.FindByFullScan() : search.Find();
+    if (dew.Exhausted) ResultInfo.Add(kDewPointFailed);
     PointL.CalByHAndD(dew.H, dew.D);
     Gr2 = g.Go * (PointM.GetH() - dew.H) / (PointN1.GetH() - dew.H);
 
