@@ -75,7 +75,7 @@ std::optional<SHDGInputFault> Temperature(const std::string& field, double value
 std::optional<SHDGInputFault> Fraction(const std::string& field, double value, const char* meaning,
                                        bool zeroAllowed = true) {
     auto fault = Range(field, value, 0.0, 1.0, "", meaning, !zeroAllowed);
-    if (fault && std::isfinite(value) && value > 1.0 && value <= 100.0)
+    if (fault && std::isfinite(value) && value >= 2.0 && value <= 100.0)
         fault->Message = Is(field, value) + " looks like a percentage; " + meaning + " is a fraction from 0 to 1: " +
                          Num(value / 100.0);
     return fault;
@@ -272,7 +272,7 @@ std::optional<SHDGInputFault> State(const ZefraHDGPoint& point, const std::strin
         return Fault(name, point.GetTdb(),
                      name + ": Tdb = " + Num(point.GetTdb()) + " °C is at or above the boiling point at " + Num(B) +
                          " Pa, where saturation has no meaning");
-    if (point.GetRH() > 1.0 + kSaturationSlack)
+    if (point.GetRH() > 1.0 + kSaturationSlack || point.GetD() > point.GetDs() * (1.0 + kSaturationSlack))
         return Fault(name, point.GetRH(),
                      name + ": the state lies above saturation: RH = " + Num(point.GetRH()) + " (" +
                          Num(point.GetRH() * 100.0) + " %); at Tdb = " + Num(point.GetTdb()) +
