@@ -9,9 +9,9 @@
 #include "zefra/air/ZefraHDGHeatHumRat.h"
 #include "zefra/air/ZefraHDGLine.h"
 #include "zefra/air/ZefraHDGMixAir.h"
+#include "zefra/platform/geometry/Zero.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <iomanip>
 #include <iostream>
 #include <memory>
@@ -184,9 +184,10 @@ void RegisterLine(CLI::App& app) {
             line.SetG(*g);
         }
         line.Calculate();
-        if (!std::isfinite(line.GetG()) || !std::isfinite(line.GetQ()))
-            throw CalculationError("points A and B have the same enthalpy: no air flow carries a heat load " +
-                                   std::string("between them"));
+        const double enthalpyChange = line.GetHDGPointB().GetH() - line.GetHDGPointA().GetH();
+        if (!std::isfinite(line.GetG()) || !std::isfinite(line.GetQ()) || (q && IsInZeroBand(enthalpyChange)))
+            throw CalculationError("points A and B have the same enthalpy: no air flow carries a heat load "
+                                   "between them");
         const double dh = line.GetHDGPointB().GetH() - line.GetHDGPointA().GetH();
         if (common->json) {
             Json json;
@@ -238,10 +239,6 @@ void RegisterRatio(CLI::App& app) {
         }
         ratio.Calculate();
         const std::string value = ratio.GetValue().ToUtf8();
-        if (!std::isfinite(std::strtod(value.c_str(), nullptr)))
-            throw CalculationError(q ? "the moisture load --mw is 0: the heat-humidity ratio has no finite value"
-                                     : "points A and B have the same moisture content: the heat-humidity ratio "
-                                       "has no finite value");
         if (common->json) {
             Json json;
             json["pressure"] = GetHDGCurB();
