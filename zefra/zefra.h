@@ -3,6 +3,7 @@
 
 #include "zefra/air/EHDGSearchMode.h"
 #include "zefra/air/HDGCalItemText.h"
+#include "zefra/air/HDGChecks.h"
 #include "zefra/air/HDGCurB.h"
 #include "zefra/air/HDGPrimarySupplyPointSearch.h"
 #include "zefra/air/HDGReportText.h"
