@@ -253,6 +253,10 @@ std::optional<SHDGInputFault> Property(EHvacHDGPointCalItemType kind, double val
 }
 
 std::optional<SHDGInputFault> State(const ZefraHDGPoint& point, const std::string& name) {
+    return State(point, name, GetHDGCurB());
+}
+
+std::optional<SHDGInputFault> State(const ZefraHDGPoint& point, const std::string& name, double B) {
     for (int kind = HDGPT_TDB; kind <= HDGPT_PS; ++kind) {
         const double value = point.GetCalParaValue(static_cast<EHvacHDGPointCalItemType>(kind));
         if (!std::isfinite(value))
@@ -260,7 +264,6 @@ std::optional<SHDGInputFault> State(const ZefraHDGPoint& point, const std::strin
                          name + ": " + ShortName(static_cast<EHvacHDGPointCalItemType>(kind)) +
                              " has no finite value; the state can't be calculated");
     }
-    const double B = GetHDGCurB();
     if (point.GetTdb() < kLowestTemperature || point.GetTdb() > kHighestTemperature)
         return Fault(name, point.GetTdb(),
                      name + ": Tdb = " + Num(point.GetTdb()) + " °C is outside the supported " +
@@ -287,14 +290,9 @@ std::optional<SHDGInputFault> State(const ZefraHDGPoint& point, const std::strin
     return std::nullopt;
 }
 
-HDGFaults Point(ZefraHDGPoint& point, const std::string& name, const std::string& field1,
-                const std::string& field2) {
+HDGFaults Given(EHvacHDGPointCalItemType kind1, double value1, const std::string& field1,
+                EHvacHDGPointCalItemType kind2, double value2, const std::string& field2, double B) {
     HDGFaults faults;
-    const EHvacHDGPointCalItemType kind1 = point.GetCalPara1Type();
-    const EHvacHDGPointCalItemType kind2 = point.GetCalPara2Type();
-    const double B = GetHDGCurB();
-    const double value1 = point.GetCalParaValue(kind1);
-    const double value2 = point.GetCalParaValue(kind2);
     Add(faults, Property(kind1, value1, field1, B));
     Add(faults, Property(kind2, value2, field2, B));
     if (!faults.empty()) return faults;
@@ -315,6 +313,15 @@ HDGFaults Point(ZefraHDGPoint& point, const std::string& name, const std::string
     order(HDGPT_TWB, HDGPT_TDB, "the wet bulb can't exceed the dry bulb");
     order(HDGPT_TDP, HDGPT_TDB, "the dew point can't exceed the dry bulb");
     order(HDGPT_TDP, HDGPT_TWB, "the dew point can't exceed the wet bulb");
+    return faults;
+}
+
+HDGFaults Point(ZefraHDGPoint& point, const std::string& name, const std::string& field1,
+                const std::string& field2) {
+    const EHvacHDGPointCalItemType kind1 = point.GetCalPara1Type();
+    const EHvacHDGPointCalItemType kind2 = point.GetCalPara2Type();
+    HDGFaults faults = Given(kind1, point.GetCalParaValue(kind1), field1, kind2, point.GetCalParaValue(kind2),
+                             field2, GetHDGCurB());
     if (!faults.empty()) return faults;
 
     if (!point.Calculate()) {

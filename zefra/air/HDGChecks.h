@@ -77,6 +77,13 @@ std::optional<SHDGInputFault> Property(EHvacHDGPointCalItemType kind, double val
 // A computed state: all eleven properties finite, a possible state of air.
 // `name` names the point in the message ("point C", "the point").
 std::optional<SHDGInputFault> State(const ZefraHDGPoint& point, const std::string& name);
+// The same at pressure B rather than the current pressure.
+std::optional<SHDGInputFault> State(const ZefraHDGPoint& point, const std::string& name, double B);
+
+// The two given values of a point before it is calculated, at pressure B:
+// each value, and the pair's order (Twb and Tdp at most Tdb, Tdp at most Twb).
+HDGFaults Given(EHvacHDGPointCalItemType kind1, double value1, const std::string& field1,
+                EHvacHDGPointCalItemType kind2, double value2, const std::string& field2, double B);
 
 // A point from the pair its two kinds name, with the values set on it: checks
 // each value, the pair's order (Twb and Tdp at most Tdb, Tdp at most Twb),

@@ -63,14 +63,7 @@ double GetTdp(double D, double B) { return DewPointSolver::TemperatureAt(GetPv(D
 
 double GetTwb(double H, double /*RH*/, double B) { return EnthalpyRHSolver::WetBulbAt(H, B); }
 
-double GetRHByPvAndPs(double Pv, double Ps) { return Pv / Ps; }
-
-double GetDen(double Tdb, double RH, double B) {
-    const double Pv = RH * GetPs(Tdb);
-    return ((B - Pv) / kRDryAir + Pv / kRVapour) / Kelvin(Tdb);
-}
-
-double GetSVByDAndDen(double D, double Den) { return (1.0 + D / 1000.0) / Den; }
+double GetDen(double Tdb, double RH, double B) { return GetDenByPv(Tdb, RH * GetPs(Tdb), B); }
 
 double GetPvByTdbAndDen(double Tdb, double Den, double B) {
     // Den·T = B/Ra − Pv·(1/Ra − 1/Rv), solved for Pv.

@@ -65,13 +65,19 @@ double GetTdp(double D, double B);
 double GetTwb(double H, double RH, double B);
 
 // Pv / Ps as a fraction.
-double GetRHByPvAndPs(double Pv, double Ps);
+inline double GetRHByPvAndPs(double Pv, double Ps) { return Pv / Ps; }
 
-// Density of moist air (ideal-gas shares of dry air and vapour).
+// Density of moist air at Tdb with vapour pressure Pv: the ideal-gas shares
+// of dry air and vapour.
+inline double GetDenByPv(double Tdb, double Pv, double B) {
+    return ((B - Pv) / kRDryAir + Pv / kRVapour) / (Tdb + kKelvinOffset);
+}
+
+// Density of moist air: GetDenByPv at Pv = RH·Ps(Tdb).
 double GetDen(double Tdb, double RH, double B);
 
 // Specific volume per kg of dry air: (1 + D/1000) / Den.
-double GetSVByDAndDen(double D, double Den);
+inline double GetSVByDAndDen(double D, double Den) { return (1.0 + D / 1000.0) / Den; }
 
 // Vapour pressure at which air at Tdb has density Den (inverse of GetDen).
 double GetPvByTdbAndDen(double Tdb, double Den, double B);

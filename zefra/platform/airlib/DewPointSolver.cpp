@@ -4,6 +4,7 @@
 #include "zefra/platform/airlib/IncreasingRootFinder.h"
 #include "zefra/platform/airlib/MoistAirConstants.h"
 #include "zefra/platform/airlib/QuinticPieces.h"
+#include "zefra/platform/airlib/VectorClones.h"
 
 #include <cmath>
 #include <cstdint>
@@ -123,6 +124,17 @@ public:
                 piece = Piece::Between(from, to, from < m_meetPressure);
             }
         }
+        // The upper part of the split piece also stands last, so that a
+        // reading of many can find every piece by index.
+        m_upperIndex = static_cast<uint64_t>(m_pieces.size());
+        m_pieces.push_back(m_meetUpper);
+    }
+
+    // TemperatureAt of each Pv[k] in the pieces, k < n; inside[k] says which
+    // were. Those outside are read as the first whole piece's start.
+    void TemperaturesAt(const double* Pv, double* t, unsigned char* inside, int n) const {
+        ReadPieces(m_pieces.data(), m_firstKey, m_meetKey, m_meetPressure, m_upperIndex, m_pressureFirst,
+                   m_pressureLast, Pv, t, inside, n);
     }
 
     bool Contains(double Pv) const { return Pv >= m_pressureFirst && Pv < m_pressureLast; }
@@ -138,6 +150,7 @@ public:
 private:
     static constexpr int kMantissaBits = 5;
 
+public:
     struct Piece {
         double from = 0.0;
         double invWidth = 0.0;
@@ -151,6 +164,23 @@ private:
             return piece;
         }
     };
+
+private:
+    // The steps of TemperatureAt, in the same order, for many at once.
+    ZEFRA_VECTOR_CLONES
+    static void ReadPieces(const Piece* __restrict pieces, uint64_t firstKey, uint64_t meetKey, double meetPressure,
+                           uint64_t upperIndex, double first, double last, const double* __restrict Pv,
+                           double* __restrict t, unsigned char* __restrict inside, int n) {
+        for (int k = 0; k < n; ++k) {
+            const bool in = Pv[k] >= first && Pv[k] < last;
+            const double p = in ? Pv[k] : first;
+            const uint64_t key = KeyOf(p);
+            const uint64_t index = key == meetKey && p >= meetPressure ? upperIndex : key - firstKey;
+            const Piece& piece = pieces[index];
+            t[k] = piece.shape.At((p - piece.from) * piece.invWidth);
+            inside[k] = static_cast<unsigned char>(in);
+        }
+    }
 
     // t, dt/dPv and d²t/dPv² where Ps(t) = Pv on one curve.
     static QuinticNode NodeAt(double Pv, bool ice) {
@@ -177,6 +207,7 @@ private:
     }
 
     uint64_t m_firstKey = 0;
+    uint64_t m_upperIndex = 0;
     uint64_t m_meetKey = 0;
     double m_pressureFirst = 0.0;
     double m_pressureLast = 0.0;
@@ -201,8 +232,14 @@ double DewPointSolver::TemperatureAt(double Pv) {
 
 void DewPointSolver::TemperaturesAt(const double* Pv, double* t, int n) {
     const PressurePieces& pieces = Pieces();
-    for (int k = 0; k < n; ++k)
-        t[k] = pieces.Contains(Pv[k]) ? pieces.TemperatureAt(Pv[k]) : TemperatureAt(Pv[k]);
+    constexpr int kChunk = 256;
+    unsigned char inside[kChunk];
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = n - start < kChunk ? n - start : kChunk;
+        pieces.TemperaturesAt(Pv + start, t + start, inside, count);
+        for (int k = 0; k < count; ++k)
+            if (!inside[k]) t[start + k] = TemperatureAt(Pv[start + k]);
+    }
 }
 
 double DewPointSolver::TemperatureAtLn(double lnPv) {

@@ -224,6 +224,35 @@ public:
         return false;
     }
 
+    // TemperatureAt of each H[k], k < n (at most 256): true in has[k] where
+    // the pieces reach. The enthalpies of each branch are gathered and read
+    // several at a time.
+    void TemperaturesAt(const double* H, double* t, bool* has, int n) const {
+        int water[256];
+        int ice[256];
+        int waters = 0;
+        int ices = 0;
+        for (int k = 0; k < n; ++k) {
+            has[k] = true;
+            if (m_ice.Contains(H[k])) {
+                if (H[k] < m_ice.Last())
+                    ice[ices++] = k;
+                else
+                    t[k] = kMeetT;
+            } else if (m_water.Contains(H[k])) {
+                water[waters++] = k;
+            } else {
+                has[k] = false;
+            }
+        }
+        if (waters == n) {
+            m_water.AtMany(H, t, n);
+            return;
+        }
+        ReadGathered(m_water, H, t, water, waters);
+        ReadGathered(m_ice, H, t, ice, ices);
+    }
+
     // Where pieces are worth building: RH and B of air-handling practice.
     static bool Covers(double RH, double B) { return RH >= 1e-3 && RH <= 1.5 && B >= 10000.0 && B <= 200000.0; }
 
@@ -235,6 +264,14 @@ private:
     static double CurveEnthalpy(const Curve& curve, double t, double q) {
         double x = q * std::exp(HylandWexler::LnPs(curve, t + kKelvinOffset));
         return 1.01 * t + 0.001 * kMoistureFactor * ShareTerms(x).g * (2500.0 + 1.84 * t);
+    }
+
+    static void ReadGathered(const UniformQuinticTable& table, const double* H, double* t, const int* which, int n) {
+        double x[256];
+        double y[256];
+        for (int k = 0; k < n; ++k) x[k] = H[which[k]];
+        table.AtMany(x, y, n);
+        for (int k = 0; k < n; ++k) t[which[k]] = y[k];
     }
 
     static UniformQuinticTable Branch(bool ice, double firstH, double lastH, double q) {
@@ -345,4 +382,20 @@ double EnthalpyRHSolver::WetBulbAt(double H, double B) {
     double t;
     if (pieces && pieces->TemperatureAt(H, t)) return t;
     return TemperatureAt(H, 1.0, B);
+}
+
+void EnthalpyRHSolver::WetBulbsAt(const double* H, double B, double* t, int n) {
+    const EnthalpyCurvePieces* pieces = PiecesCache().Find(1.0, B, true);
+    if (!pieces) {
+        for (int k = 0; k < n; ++k) t[k] = TemperatureAt(H[k], 1.0, B);
+        return;
+    }
+    constexpr int kChunk = 256;
+    bool has[kChunk];
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = n - start < kChunk ? n - start : kChunk;
+        pieces->TemperaturesAt(H + start, t + start, has, count);
+        for (int k = 0; k < count; ++k)
+            if (!has[k]) t[start + k] = TemperatureAt(H[start + k], 1.0, B);
+    }
 }

@@ -24,4 +24,8 @@ public:
     // The wet bulb of H at B: TemperatureOnCurve(H, 1, B), with the pieces of
     // a pressure built when it is first met.
     static double WetBulbAt(double H, double B);
+
+    // t[k] = WetBulbAt(H[k], B) for k < n, the same bits; the pieces are
+    // read several at a time.
+    static void WetBulbsAt(const double* H, double B, double* t, int n);
 };

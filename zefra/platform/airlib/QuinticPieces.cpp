@@ -29,6 +29,18 @@ void ReadQuinticPieces(const QuinticPiece* __restrict pieces, int lastPiece, dou
             position[k] = u - i;
         }
         double* outs = out + start;
+        // Scattered arguments, a piece each, are read with their own piece's
+        // coefficients; runs on one piece with that piece's, broadcast.
+        int changes = 0;
+        for (int k = 1; k < count; ++k) changes += static_cast<int>(index[k] != index[k - 1]);
+        if (4 * changes > count) {
+            for (int k = 0; k < count; ++k) {
+                const double* a = pieces[index[k]].a;
+                const double s = position[k];
+                outs[k] = a[0] + s * (a[1] + s * (a[2] + s * (a[3] + s * (a[4] + s * a[5]))));
+            }
+            continue;
+        }
         int k = 0;
         while (k < count) {
             const int i = index[k];

@@ -1,0 +1,128 @@
+#include "zefra/platform/airlib/AirMany.h"
+
+#include "zefra/platform/airlib/Air.h"
+#include "zefra/platform/airlib/DewPointSolver.h"
+#include "zefra/platform/airlib/EnthalpyRHSolver.h"
+#include "zefra/platform/airlib/VectorClones.h"
+
+namespace AIR {
+
+namespace {
+
+// Scratch arrays live on the stack; longer calls go a chunk at a time.
+constexpr int kChunk = 256;
+
+int ChunkAt(int start, int n) { return n - start < kChunk ? n - start : kChunk; }
+
+// Pv[k] / RH[k]: the saturated vapour pressure at each state's dry bulb.
+ZEFRA_VECTOR_CLONES
+void VapourPressuresAtRH(const double* __restrict D, const double* __restrict RH, const double* __restrict B,
+                         double* __restrict out, int n) {
+    for (int k = 0; k < n; ++k) out[k] = GetPv(D[k], B[k]) / RH[k];
+}
+
+// GetDByPv(Ps[k], B[k]) with RH 1: the saturated content at each temperature.
+ZEFRA_VECTOR_CLONES
+void SaturatedHAt(const double* __restrict Twb, const double* __restrict Ps, const double* __restrict B,
+                  double* __restrict H, int n) {
+    // GetHByTwb(t, B) is GetH(t, GetD(t, 1, B)), and GetD(t, 1, B) reads 1·Ps(t).
+    for (int k = 0; k < n; ++k) H[k] = GetH(Twb[k], GetDByPv(1.0 * Ps[k], B[k]));
+}
+
+}  // namespace
+
+ZEFRA_VECTOR_CLONES
+void GetPvMany(const double* __restrict D, const double* __restrict B, double* __restrict Pv, int n) {
+    for (int k = 0; k < n; ++k) Pv[k] = GetPv(D[k], B[k]);
+}
+
+ZEFRA_VECTOR_CLONES
+void GetDByPvMany(const double* __restrict Pv, const double* __restrict B, double* __restrict D, int n) {
+    for (int k = 0; k < n; ++k) D[k] = GetDByPv(Pv[k], B[k]);
+}
+
+ZEFRA_VECTOR_CLONES
+void GetDByTdbAndHMany(const double* __restrict Tdb, const double* __restrict H, double* __restrict D, int n) {
+    for (int k = 0; k < n; ++k) D[k] = GetD(Tdb[k], H[k]);
+}
+
+ZEFRA_VECTOR_CLONES
+void GetHMany(const double* __restrict Tdb, const double* __restrict D, double* __restrict H, int n) {
+    for (int k = 0; k < n; ++k) H[k] = GetH(Tdb[k], D[k]);
+}
+
+ZEFRA_VECTOR_CLONES
+void GetTdbMany(const double* __restrict H, const double* __restrict D, double* __restrict Tdb, int n) {
+    for (int k = 0; k < n; ++k) Tdb[k] = GetTdb(H[k], D[k]);
+}
+
+ZEFRA_VECTOR_CLONES
+void GetRHByPvAndPsMany(const double* __restrict Pv, const double* __restrict Ps, double* __restrict RH, int n) {
+    for (int k = 0; k < n; ++k) RH[k] = GetRHByPvAndPs(Pv[k], Ps[k]);
+}
+
+ZEFRA_VECTOR_CLONES
+void GetDenMany(const double* __restrict Tdb, const double* __restrict RH, const double* __restrict Ps,
+                const double* __restrict B, double* __restrict Den, int n) {
+    for (int k = 0; k < n; ++k) Den[k] = GetDenByPv(Tdb[k], RH[k] * Ps[k], B[k]);
+}
+
+ZEFRA_VECTOR_CLONES
+void GetSVByDAndDenMany(const double* __restrict D, const double* __restrict Den, double* __restrict SV, int n) {
+    for (int k = 0; k < n; ++k) SV[k] = GetSVByDAndDen(D[k], Den[k]);
+}
+
+void GetDByTdpMany(const double* Tdp, const double* B, double* D, int n) {
+    double Ps[kChunk];
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = ChunkAt(start, n);
+        GetPsMany(Tdp + start, Ps, count);
+        GetDByPvMany(Ps, B + start, D + start, count);
+    }
+}
+
+void GetHByTwbMany(const double* Twb, const double* B, double* H, int n) {
+    double Ps[kChunk];
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = ChunkAt(start, n);
+        GetPsMany(Twb + start, Ps, count);
+        SaturatedHAt(Twb + start, Ps, B + start, H + start, count);
+    }
+}
+
+void GetTdbByDAndRHMany(const double* D, const double* RH, const double* B, double* Tdb, int n) {
+    double Ps[kChunk];
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = ChunkAt(start, n);
+        VapourPressuresAtRH(D + start, RH + start, B + start, Ps, count);
+        DewPointSolver::TemperaturesAt(Ps, Tdb + start, count);
+        // No relative humidity: the one-at-a-time function's bounds.
+        for (int k = start; k < start + count; ++k)
+            if (!(RH[k] > 0.0)) Tdb[k] = GetTdbByDAndRH(D[k], RH[k], B[k]);
+    }
+}
+
+void GetTdbByHAndRHMany(const double* H, const double* RH, const double* B, double* Tdb, int n) {
+    for (int k = 0; k < n; ++k) Tdb[k] = GetTdbByHAndRH(H[k], RH[k], B[k]);
+}
+
+void GetTdpMany(const double* D, const double* B, double* Tdp, int n) {
+    double Pv[kChunk];
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = ChunkAt(start, n);
+        GetPvMany(D + start, B + start, Pv, count);
+        DewPointSolver::TemperaturesAt(Pv, Tdp + start, count);
+    }
+}
+
+void GetTwbMany(const double* H, const double* B, double* Twb, int n) {
+    int k = 0;
+    while (k < n) {
+        int end = k + 1;
+        while (end < n && B[end] == B[k]) ++end;
+        EnthalpyRHSolver::WetBulbsAt(H + k, B[k], Twb + k, end - k);
+        k = end;
+    }
+}
+
+}  // namespace AIR
