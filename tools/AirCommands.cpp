@@ -1,6 +1,7 @@
 // zefra point, mix, line and ratio: a state point and the three simple
 // processes of the chart.
 
+#include "BatchCommands.h"
 #include "Cli.h"
 #include "PointIO.h"
 
@@ -92,8 +93,10 @@ void RegisterPoint(CLI::App& app) {
     auto point = std::make_shared<PointArguments>("", "the point");
     point->Register(*command);
     common->Register(*command);
-    command->callback([common, point] {
+    const auto batch = RegisterPointBatch(*command);
+    command->callback([common, point, batch] {
         common->pressure.Apply();
+        if (batch(common->json)) return;
         const ZefraHDGPoint result = point->Build(L"");
         if (common->json) {
             Json json = PointToJson(result);
