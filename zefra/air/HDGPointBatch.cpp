@@ -80,11 +80,11 @@ struct Block {
           Pv(out[HDGPT_PV] + start), Den(out[HDGPT_DEN] + start), SV(out[HDGPT_SV] + start),
           Ds(out[HDGPT_DS] + start), Ps(out[HDGPT_PS] + start), B(pressures), n(count) {}
 
-    // ZefraHDGPoint::CalCommonTail.
-    void CommonTail() {
+    // ZefraHDGPoint::CalCommonTail; the wet bulbs only when not already read.
+    void CommonTail(bool wetBulbsRead = false) {
         AIR::GetDenMany(Tdb, RH, Ps, B, Den, n);
         AIR::GetSVByDAndDenMany(D, Den, SV, n);
-        AIR::GetTwbMany(H, B, Twb, n);
+        if (!wetBulbsRead) AIR::GetTwbMany(H, B, Twb, n);
         AIR::GetTdpMany(D, B, Tdp, n);
         AIR::GetDByPvMany(Ps, B, Ds, n);
     }
@@ -106,12 +106,12 @@ struct Block {
         CommonTail();
     }
 
-    void HAndD() {
+    void HAndD(bool wetBulbsRead = false) {
         AIR::GetTdbMany(H, D, Tdb, n);
         AIR::GetPsMany(Tdb, Ps, n);
         AIR::GetPvMany(D, B, Pv, n);
         AIR::GetRHByPvAndPsMany(Pv, Ps, RH, n);
-        CommonTail();
+        CommonTail(wetBulbsRead);
     }
 
     // The wrappers' steps before their base calculation.
@@ -121,10 +121,19 @@ struct Block {
         HAndD();
     }
 
+    // The temperature on the curve of RH and the wet bulb both go through
+    // the air library's cache of curves, whose history decides whether a
+    // curve's pieces or the exact solve answers. They are read element by
+    // element, in the order one point at a time reads them, so that the
+    // cache answers each call as it would answer that point. H doesn't change
+    // after the first step, so the wet bulb can be read before its turn.
     void RHAndH() {
-        AIR::GetTdbByHAndRHMany(H, RH, B, Tdb, n);
+        for (int k = 0; k < n; ++k) {
+            Tdb[k] = AIR::GetTdbByHAndRH(H[k], RH[k], B[k]);
+            Twb[k] = AIR::GetTwb(H[k], RH[k], B[k]);
+        }
         AIR::GetDByTdbAndHMany(Tdb, H, D, n);
-        HAndD();
+        HAndD(true);
     }
 
     // Sets the operation's two input fields from a and b, in its order, and runs it.

@@ -5,12 +5,10 @@
 // Each element comes out bit for bit as ZefraHDGPoint::Calculate gives it
 // with the same pair at the same pressure: the batch runs the same
 // operations in the same order, only a step at a time over a block of
-// elements, with the many-at-once air functions. The one thing a batch can't
-// reproduce is the history of the air library's curve cache: a pair (RH, H)
-// or (RH, Twb) with the same RH in steady use switches from the exact solve to
-// curve pieces after about a thousand calls, which the batch reaches at the
-// same element as the one-at-a-time calls in the same order unless many
-// other relative humidities push that curve out of the cache in between.
+// elements, with the many-at-once air functions. Where a result depends on
+// the history of the air library's cache of curves (the pairs (RH, H) and
+// (RH, Twb)), the batch makes its calls into that cache in the order the
+// points one at a time would make them.
 //
 // Inputs and outputs are structures of arrays; no output may overlap an
 // input.
