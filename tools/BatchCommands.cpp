@@ -70,7 +70,7 @@ struct Layout {
     int valueColumn[2] = {-1, -1};
     std::string valueName[2];
     int pressureColumn = -1;
-    std::vector<int> carried;  // every other column, in order
+    std::vector<int> carried;  // every column but the pair's two, in order
 };
 
 Layout ReadLayout(const std::string& where, const std::vector<std::string>& header) {
@@ -94,7 +94,9 @@ Layout ReadLayout(const std::string& where, const std::vector<std::string>& head
             names += std::string(given ? ", " : "") + name;
             ++given;
         } else if (name == "pressure") {
+            // Carried as well: the table keeps what the row was given.
             layout.pressureColumn = i;
+            layout.carried.push_back(i);
         } else {
             layout.carried.push_back(i);
         }
