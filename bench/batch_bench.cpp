@@ -26,7 +26,8 @@ const Inputs& MakeInputs() {
         std::mt19937_64 random(11);
         std::uniform_real_distribution<double> tdb(-10.0, 40.0);
         std::uniform_real_distribution<double> rh(0.2, 0.95);
-        std::uniform_real_distribution<double> pressure(90000.0, 102000.0);
+        // A weather station's pressures in whole hectopascals.
+        std::uniform_int_distribution<int> pressure(990, 1020);
         for (auto& column : in.values) column.resize(kBatch);
         ZefraHDGPoint point;
         for (int k = 0; k < kBatch; ++k) {
@@ -34,7 +35,7 @@ const Inputs& MakeInputs() {
             for (int kind = 0; kind < 11; ++kind)
                 in.values[kind][static_cast<size_t>(k)] =
                     point.GetCalParaValue(static_cast<EHvacHDGPointCalItemType>(kind));
-            in.pressures.push_back(pressure(random));
+            in.pressures.push_back(100.0 * pressure(random));
         }
         return in;
     }();
@@ -88,8 +89,9 @@ ZEFRA_BATCH_BENCH(DAndTwb, HDGPT_D, HDGPT_TWB);
 ZEFRA_BATCH_BENCH(TwbAndTdp, HDGPT_TWB, HDGPT_TDP);
 ZEFRA_BATCH_BENCH(TwbAndPv, HDGPT_TWB, HDGPT_PV);
 
-// A pressure per element: the wet bulbs are read per run of equal pressure,
-// and here every run is one element long.
+// A pressure per element, 31 pressures in no order: the elements are taken
+// a pressure at a time, and each pressure's wet-bulb curve is built once per
+// batch.
 void BM_Batch_TdbAndRH_PressureEach(benchmark::State& bench) { RunBatch(bench, HDGPT_TDB, HDGPT_RH, true); }
 BENCHMARK(BM_Batch_TdbAndRH_PressureEach);
 

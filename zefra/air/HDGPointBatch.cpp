@@ -5,6 +5,7 @@
 #include "zefra/platform/airlib/AirMany.h"
 #include "zefra/platform/airlib/VectorClones.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -214,6 +215,53 @@ struct Block {
 
 }  // namespace
 
+namespace {
+
+// Whether the pressures mostly stand in runs of one value.
+bool InPressureRuns(const double* pressures, int n) {
+    int runs = 1;
+    for (int k = 1; k < n; ++k) runs += static_cast<int>(!(pressures[k] == pressures[k - 1]));
+    return 16 * runs <= n;
+}
+
+// Calculate over elements taken in order of pressure: each pressure's
+// wet-bulb curve is then built once, where the library keeps only a few at
+// a time. Only for operations whose results don't depend on the order of
+// the calls.
+bool CalculateByPressure(const OperationPair& entry, const double* a, const double* b, int n,
+                         const SHDGPointColumns& out, const double* pressures) {
+    std::vector<int> order(static_cast<size_t>(n));
+    for (int k = 0; k < n; ++k) order[static_cast<size_t>(k)] = k;
+    // NaN pressures last, in their order.
+    std::stable_sort(order.begin(), order.end(), [pressures](int x, int y) {
+        const double px = pressures[x];
+        const double py = pressures[y];
+        return px < py || (px == px && py != py);
+    });
+    const size_t size = static_cast<size_t>(n);
+    std::vector<double> sorted(3 * size + 11 * size);
+    double* sa = sorted.data();
+    double* sb = sa + size;
+    double* sB = sb + size;
+    SHDGPointColumns columns;
+    for (int kind = 0; kind < 11; ++kind) columns.Values[kind] = sB + size * static_cast<size_t>(1 + kind);
+    for (size_t i = 0; i < size; ++i) {
+        sa[i] = a[order[i]];
+        sb[i] = b[order[i]];
+        sB[i] = pressures[order[i]];
+    }
+    for (int start = 0; start < n; start += kBlock) {
+        const int count = n - start < kBlock ? n - start : kBlock;
+        Block block(columns, start, sB + start, count);
+        block.Run(entry.operation, sa + start, sb + start);
+    }
+    for (int kind = 0; kind < 11; ++kind)
+        for (size_t i = 0; i < size; ++i) out.Values[kind][order[i]] = columns.Values[kind][i];
+    return true;
+}
+
+}  // namespace
+
 bool IsSupportedPair(EHvacHDGPointCalItemType kind1, EHvacHDGPointCalItemType kind2) {
     return FindOperation(kind1, kind2) != nullptr;
 }
@@ -236,6 +284,9 @@ bool Calculate(EHvacHDGPointCalItemType kind1, const double* values1, EHvacHDGPo
     const bool inOrder = entry->first == kind1;
     const double* a = inOrder ? values1 : values2;
     const double* b = inOrder ? values2 : values1;
+    const bool keepOrder = entry->operation == Operation::RHAndH || entry->operation == Operation::RHAndTwb;
+    if (pressures && !keepOrder && n > 1 && !InPressureRuns(pressures, n))
+        return CalculateByPressure(*entry, a, b, n, out, pressures);
     double constantB[kBlock];
     if (!pressures) {
         const double B = GetHDGCurB();

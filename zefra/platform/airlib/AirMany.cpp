@@ -5,6 +5,9 @@
 #include "zefra/platform/airlib/EnthalpyRHSolver.h"
 #include "zefra/platform/airlib/VectorClones.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace AIR {
 
 namespace {
@@ -116,13 +119,42 @@ void GetTdpMany(const double* D, const double* B, double* Tdp, int n) {
 }
 
 void GetTwbMany(const double* H, const double* B, double* Twb, int n) {
-    int k = 0;
-    while (k < n) {
-        int end = k + 1;
-        while (end < n && B[end] == B[k]) ++end;
-        EnthalpyRHSolver::WetBulbsAt(H + k, B[k], Twb + k, end - k);
-        k = end;
+    // The wet bulbs of one pressure come from that pressure's curve, which
+    // the library builds when the pressure is first met and keeps for a few
+    // pressures at a time; so the elements are taken a pressure at a time:
+    // runs of one pressure as they stand, scattered pressures gathered.
+    int runs = 1;
+    for (int k = 1; k < n; ++k) runs += static_cast<int>(!(B[k] == B[k - 1]));
+    if (n == 0 || 16 * runs <= n) {
+        int k = 0;
+        while (k < n) {
+            int end = k + 1;
+            while (end < n && B[end] == B[k]) ++end;
+            EnthalpyRHSolver::WetBulbsAt(H + k, B[k], Twb + k, end - k);
+            k = end;
+        }
+        return;
     }
+    std::vector<int> order;
+    order.reserve(static_cast<size_t>(n));
+    for (int k = 0; k < n; ++k) {
+        if (B[k] == B[k])
+            order.push_back(k);
+        else
+            Twb[k] = GetTwb(H[k], 1.0, B[k]);  // NaN
+    }
+    std::stable_sort(order.begin(), order.end(), [B](int a, int b) { return B[a] < B[b]; });
+    std::vector<double> h(order.size());
+    std::vector<double> t(order.size());
+    for (size_t i = 0; i < order.size(); ++i) h[i] = H[order[i]];
+    size_t i = 0;
+    while (i < order.size()) {
+        size_t end = i + 1;
+        while (end < order.size() && B[order[end]] == B[order[i]]) ++end;
+        EnthalpyRHSolver::WetBulbsAt(h.data() + i, B[order[i]], t.data() + i, static_cast<int>(end - i));
+        i = end;
+    }
+    for (size_t j = 0; j < order.size(); ++j) Twb[order[j]] = t[j];
 }
 
 }  // namespace AIR

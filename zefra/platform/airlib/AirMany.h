@@ -46,8 +46,8 @@ void GetTdbByHAndRHMany(const double* H, const double* RH, const double* B, doub
 // GetTdp(D[k], B[k]).
 void GetTdpMany(const double* D, const double* B, double* Tdp, int n);
 
-// GetTwb(H[k], RH, B[k]) (RH plays no part in the wet bulb); runs of equal
-// pressure are read together.
+// GetTwb(H[k], RH, B[k]) (RH plays no part in the wet bulb), a pressure at a
+// time.
 void GetTwbMany(const double* H, const double* B, double* Twb, int n);
 
 }  // namespace AIR
