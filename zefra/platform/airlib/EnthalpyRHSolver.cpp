@@ -5,6 +5,7 @@
 #include "zefra/platform/airlib/IncreasingRootFinder.h"
 #include "zefra/platform/airlib/MoistAirConstants.h"
 #include "zefra/platform/airlib/QuinticPieces.h"
+#include "zefra/platform/airlib/VectorClones.h"
 
 #include <cmath>
 #include <cstdint>
@@ -228,6 +229,13 @@ public:
     // the pieces reach. The enthalpies of each branch are gathered and read
     // several at a time.
     void TemperaturesAt(const double* H, double* t, bool* has, int n) const {
+        // Air warmer than freezing, the common case, is all on the water branch.
+        if (m_water.First() < m_water.Last() &&
+            CountWithin(H, n, std::nextafter(m_ice.Last(), HUGE_VAL), m_water.Last()) == n) {
+            m_water.AtMany(H, t, n);
+            for (int k = 0; k < n; ++k) has[k] = true;
+            return;
+        }
         int water[256];
         int ice[256];
         int waters = 0;
@@ -306,10 +314,12 @@ public:
         if (!slot) {
             if (!EnthalpyCurvePieces::Covers(RH, B)) return nullptr;
             slot = Evict();
+            Retire(*slot);
             *slot = Slot{RH, B, 0, nullptr};
         }
         if (!slot->pieces && (buildAtOnce || ++slot->uses >= kUsesBeforeBuilding)) {
-            slot->pieces = std::make_unique<EnthalpyCurvePieces>(RH, B);
+            slot->pieces = Reuse(RH, B);
+            if (!slot->pieces) slot->pieces = std::make_unique<EnthalpyCurvePieces>(RH, B);
             slot->uses = kUsesBeforeBuilding;
         }
         return slot->pieces.get();
@@ -343,7 +353,35 @@ private:
         return least;
     }
 
+    // Pieces of curves that lost their slot, kept for a while: a curve is
+    // the same whenever it is built, so a pair that comes back (the wet
+    // bulbs of a pressure among many relative humidities) takes its pieces
+    // from here instead of building them again. The slots decide, as before,
+    // when a pair has pieces at all.
+    static constexpr int kRetired = 32;  // up to about 50 kB each
+
+    void Retire(Slot& slot) {
+        if (!slot.pieces) return;
+        Retired& oldest = m_retired[m_nextRetired];
+        m_nextRetired = (m_nextRetired + 1) % kRetired;
+        oldest = Retired{slot.rh, slot.b, std::move(slot.pieces)};
+    }
+
+    std::unique_ptr<EnthalpyCurvePieces> Reuse(double RH, double B) {
+        for (Retired& retired : m_retired)
+            if (retired.pieces && retired.rh == RH && retired.b == B) return std::move(retired.pieces);
+        return nullptr;
+    }
+
+    struct Retired {
+        double rh = std::numeric_limits<double>::quiet_NaN();
+        double b = std::numeric_limits<double>::quiet_NaN();
+        std::unique_ptr<EnthalpyCurvePieces> pieces;
+    };
+
     Slot m_slots[kSlots];
+    Retired m_retired[kRetired];
+    int m_nextRetired = 0;
 };
 
 CurvePiecesCache& PiecesCache() {

@@ -44,26 +44,41 @@ double HylandWexler::Ps(double t) {
 
 void HylandWexler::PsMany(const double* t, double* ps, int n) {
     const PsTables& tables = Tables();
-    const auto onIce = [](double x) { return x >= kTableLowest && x < kCurvesMeet; };
-    const auto onWater = [](double x) { return x >= kCurvesMeet && x <= kTableHighest; };
     // A walk over the chart's temperatures mostly stays on one curve.
     if (CountWithin(t, n, kCurvesMeet, kTableHighest) == n) {
         tables.water.AtMany(t, ps, n);
         return;
     }
-    int k = 0;
-    while (k < n) {
-        int end = k + 1;
-        if (onIce(t[k])) {
-            while (end < n && onIce(t[end])) ++end;
-            tables.ice.AtMany(t + k, ps + k, end - k);
-        } else if (onWater(t[k])) {
-            while (end < n && onWater(t[end])) ++end;
-            tables.water.AtMany(t + k, ps + k, end - k);
-        } else {
-            ps[k] = FormulaPs(t[k]);
+    // Otherwise the temperatures of each curve are gathered and read
+    // together, a chunk at a time; the rest by the formula.
+    constexpr int kChunk = 256;
+    int ice[kChunk];
+    int water[kChunk];
+    double x[kChunk];
+    double y[kChunk];
+    const auto read = [&](const UniformQuinticTable& table, const double* from, double* to, const int* which,
+                          int count) {
+        for (int k = 0; k < count; ++k) x[k] = from[which[k]];
+        table.AtMany(x, y, count);
+        for (int k = 0; k < count; ++k) to[which[k]] = y[k];
+    };
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = n - start < kChunk ? n - start : kChunk;
+        const double* ts = t + start;
+        double* out = ps + start;
+        int ices = 0;
+        int waters = 0;
+        for (int k = 0; k < count; ++k) {
+            const double x0 = ts[k];
+            if (x0 >= kTableLowest && x0 < kCurvesMeet)
+                ice[ices++] = k;
+            else if (x0 >= kCurvesMeet && x0 <= kTableHighest)
+                water[waters++] = k;
+            else
+                out[k] = FormulaPs(x0);  // beyond the tables, and NaN
         }
-        k = end;
+        read(tables.ice, ts, out, ice, ices);
+        read(tables.water, ts, out, water, waters);
     }
 }
 
