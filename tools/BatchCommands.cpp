@@ -192,21 +192,21 @@ private:
     // Reads the pair and the pressure of a row into the block's arrays; the
     // error, or empty.
     std::string ParseRow(const std::vector<std::string>& fields, int line, Rows& rows) {
-        const std::string at = "line " + std::to_string(line);
+        const auto at = [line] { return "line " + std::to_string(line); };
         if (static_cast<int>(fields.size()) != m_layout.columns)
-            return at + ": " + std::to_string(fields.size()) + (fields.size() == 1 ? " field" : " fields") +
+            return at() + ": " + std::to_string(fields.size()) + (fields.size() == 1 ? " field" : " fields") +
                    " where the header has " + std::to_string(m_layout.columns);
         double values[2];
         for (int i = 0; i < 2; ++i) {
             const std::string& field = fields[static_cast<size_t>(m_layout.valueColumn[i])];
             if (!ParseCsvNumber(field, values[i]))
-                return at + ", column " + m_layout.valueName[i] + ": '" + field + "' is not a number";
+                return at() + ", column " + m_layout.valueName[i] + ": '" + field + "' is not a number";
         }
         double pressure = GetHDGCurB();
         if (m_layout.pressureColumn >= 0) {
             const std::string& field = fields[static_cast<size_t>(m_layout.pressureColumn)];
             if (!Trimmed(field).empty() && !ParseCsvNumber(field, pressure))
-                return at + ", column pressure: '" + field + "' is not a number";
+                return at() + ", column pressure: '" + field + "' is not a number";
         }
         rows.values[0].push_back(values[0]);
         rows.values[1].push_back(values[1]);

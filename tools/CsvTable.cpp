@@ -12,18 +12,27 @@ CsvReader::CsvReader(std::string_view text) : m_text(text) {
 }
 
 bool CsvReader::Next(std::vector<std::string>& fields) {
-    fields.clear();
     const size_t size = m_text.size();
     // Empty lines carry no record.
     while (m_at < size && (m_text[m_at] == '\n' || m_text[m_at] == '\r')) {
         if (m_text[m_at] == '\n') ++m_line;
         ++m_at;
     }
-    if (m_at >= size) return false;
+    if (m_at >= size) {
+        fields.clear();
+        return false;
+    }
     m_recordLine = m_line;
-    std::string field;
-    for (;;) {
+    // The strings of the fields are reused from record to record.
+    size_t used = 0;
+    const auto next = [&fields, &used]() -> std::string& {
+        if (used == fields.size()) fields.emplace_back();
+        std::string& field = fields[used++];
         field.clear();
+        return field;
+    };
+    for (;;) {
+        std::string& field = next();
         if (m_at < size && m_text[m_at] == '"') {
             ++m_at;
             for (;;) {
@@ -49,7 +58,6 @@ bool CsvReader::Next(std::vector<std::string>& fields) {
             while (m_at < size && m_text[m_at] != ',' && m_text[m_at] != '\n' && m_text[m_at] != '\r') ++m_at;
             field.assign(m_text.data() + start, m_at - start);
         }
-        fields.push_back(field);
         if (m_at >= size) break;
         const char c = m_text[m_at];
         if (c == ',') {
@@ -62,6 +70,7 @@ bool CsvReader::Next(std::vector<std::string>& fields) {
         ++m_line;
         break;
     }
+    fields.resize(used);
     return true;
 }
 
