@@ -24,6 +24,7 @@ using Json = nlohmann::ordered_json;
 
 constexpr size_t kLargestBatchFile = size_t{1} << 30;  // bytes
 constexpr int kRowsPerBlock = 4096;
+constexpr size_t kFlushBytes = 64 * 1024;
 
 // The property columns, by the point command's option names, in the order of
 // EHvacHDGPointCalItemType.
@@ -144,6 +145,7 @@ public:
 
         OutputFile output("--out", m_options.out);
         std::string buffer;
+        buffer.reserve(kFlushBytes + 4096);
         if (!m_json) WriteHeader(buffer);
         Progress progress(static_cast<size_t>(std::count(text.begin(), text.end(), '\n')));
         size_t done = 0;
@@ -157,6 +159,8 @@ public:
                 const std::string& error = rows.errors[static_cast<size_t>(r)];
                 if (!error.empty() && !m_options.skipBad) throw UsageError(where + ": " + error);
                 WriteRow(buffer, rows, r);
+                // Written out a little at a time, the text stays in the cache.
+                if (buffer.size() >= kFlushBytes) output.Write(buffer);
             }
             output.Write(buffer);
             done += static_cast<size_t>(count);

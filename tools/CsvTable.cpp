@@ -97,10 +97,76 @@ void AppendCsvRecord(std::string& out, const std::vector<std::string>& fields) {
     out += '\n';
 }
 
+namespace {
+
+constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+
+}  // namespace
+
 void AppendNumber(std::string& out, double value) {
-    char text[32];
-    const auto result = std::to_chars(text, text + sizeof text, value);
-    out.append(text, result.ptr);
+    // Ten significant digits, written from an integer: several times faster
+    // than the general conversions, which dominated the time of a batch.
+    // Values beyond 1e-4 … 1e10, rare in a state of air, take the general
+    // path.
+    constexpr int kDigits = 10;
+    const double magnitude = std::fabs(value);
+    if (!(magnitude >= 1e-4 && magnitude < 9.9999999995e9)) {
+        if (value == 0.0) {
+            out += '0';
+            return;
+        }
+        char text[40];
+        const auto result = std::to_chars(text, text + sizeof text, value, std::chars_format::general, kDigits);
+        out.append(text, result.ptr);
+        return;
+    }
+    // The decimal exponent e: 10^e <= magnitude < 10^(e+1).
+    int e = 0;
+    if (magnitude >= 1.0) {
+        while (e < 9 && magnitude >= kPowersOfTen[e + 1]) ++e;
+    } else {
+        e = -1;
+        while (magnitude * kPowersOfTen[-e] < 1.0) --e;
+    }
+    const int shift = kDigits - 1 - e;  // from 0 (e = 9) to 13 (e = -4)
+    auto digits = static_cast<unsigned long long>(magnitude * kPowersOfTen[shift] + 0.5);
+    if (digits >= 10000000000ull) {  // rounded up to the next power of ten
+        digits /= 10;
+        ++e;
+    }
+    // The ten digits, as two independent halves of five.
+    char d[kDigits];
+    unsigned high = static_cast<unsigned>(digits / 100000);
+    unsigned low = static_cast<unsigned>(digits % 100000);
+    for (int i = 4; i >= 0; --i) {
+        d[i] = static_cast<char>('0' + high % 10);
+        d[i + 5] = static_cast<char>('0' + low % 10);
+        high /= 10;
+        low /= 10;
+    }
+    char text[40];
+    char* const start = text + 1;  // room for the sign
+    char* p = start;
+    if (e >= 0) {
+        for (int i = 0; i <= e; ++i) *p++ = d[i];
+        int last = kDigits - 1;
+        while (last > e && d[last] == '0') --last;
+        if (last > e) {
+            *p++ = '.';
+            for (int i = e + 1; i <= last; ++i) *p++ = d[i];
+        }
+    } else {
+        *p++ = '0';
+        *p++ = '.';
+        for (int i = -1; i > e; --i) *p++ = '0';
+        int last = kDigits - 1;
+        while (d[last] == '0') --last;
+        for (int i = 0; i <= last; ++i) *p++ = d[i];
+    }
+    char* end = p;
+    p = start;
+    if (value < 0.0) *--p = '-';
+    out.append(p, end);
 }
 
 bool ParseCsvNumber(std::string_view text, double& value) {

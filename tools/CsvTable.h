@@ -40,7 +40,7 @@ void AppendCsvField(std::string& out, std::string_view field);
 // Appends the fields separated by commas, and a line break.
 void AppendCsvRecord(std::string& out, const std::vector<std::string>& fields);
 
-// Appends a number in the shortest form that reads back to the same double.
+// Appends a number to ten significant digits, without trailing zeros.
 void AppendNumber(std::string& out, double value);
 
 // Parses a decimal number, spaces around it allowed; false for anything else
