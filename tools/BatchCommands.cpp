@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <deque>
 #include <memory>
 #include <string>
 #include <vector>
@@ -115,7 +116,8 @@ Layout ReadLayout(const std::string& where, const std::vector<std::string>& head
 
 // One block of rows, parsed.
 struct Rows {
-    std::vector<std::vector<std::string>> fields;
+    std::vector<std::vector<std::string_view>> fields;  // into the text or `unquoted`
+    std::deque<std::string> unquoted;
     std::vector<int> lines;
     std::vector<std::string> errors;  // empty where the row is good so far
     std::vector<double> values[2];
@@ -174,14 +176,15 @@ private:
     int ReadBlock(CsvReader& reader, Rows& rows, const std::string& where) {
         rows.lines.clear();
         rows.errors.clear();
+        rows.unquoted.clear();
         for (auto& column : rows.values) column.clear();
         rows.pressures.clear();
         rows.calculated.clear();
         int count = 0;
         while (count < kRowsPerBlock) {
-            std::vector<std::string>& fields = rows.fields[static_cast<size_t>(count)];
+            std::vector<std::string_view>& fields = rows.fields[static_cast<size_t>(count)];
             try {
-                if (!reader.Next(fields)) break;
+                if (!reader.Next(fields, rows.unquoted)) break;
             } catch (const UsageError& error) {
                 throw UsageError(where + ": " + error.what());
             }
@@ -195,22 +198,22 @@ private:
 
     // Reads the pair and the pressure of a row into the block's arrays; the
     // error, or empty.
-    std::string ParseRow(const std::vector<std::string>& fields, int line, Rows& rows) {
+    std::string ParseRow(const std::vector<std::string_view>& fields, int line, Rows& rows) {
         const auto at = [line] { return "line " + std::to_string(line); };
         if (static_cast<int>(fields.size()) != m_layout.columns)
             return at() + ": " + std::to_string(fields.size()) + (fields.size() == 1 ? " field" : " fields") +
                    " where the header has " + std::to_string(m_layout.columns);
         double values[2];
         for (int i = 0; i < 2; ++i) {
-            const std::string& field = fields[static_cast<size_t>(m_layout.valueColumn[i])];
+            const std::string_view field = fields[static_cast<size_t>(m_layout.valueColumn[i])];
             if (!ParseCsvNumber(field, values[i]))
-                return at() + ", column " + m_layout.valueName[i] + ": '" + field + "' is not a number";
+                return at() + ", column " + m_layout.valueName[i] + ": '" + std::string(field) + "' is not a number";
         }
         double pressure = GetHDGCurB();
         if (m_layout.pressureColumn >= 0) {
-            const std::string& field = fields[static_cast<size_t>(m_layout.pressureColumn)];
-            if (!Trimmed(field).empty() && !ParseCsvNumber(field, pressure))
-                return at() + ", column pressure: '" + field + "' is not a number";
+            const std::string_view field = fields[static_cast<size_t>(m_layout.pressureColumn)];
+            if (field.find_first_not_of(" \t") != std::string_view::npos && !ParseCsvNumber(field, pressure))
+                return at() + ", column pressure: '" + std::string(field) + "' is not a number";
         }
         rows.values[0].push_back(values[0]);
         rows.values[1].push_back(values[1]);
@@ -266,7 +269,7 @@ private:
     }
 
     void WriteRow(std::string& out, const Rows& rows, int r) const {
-        const std::vector<std::string>& fields = rows.fields[static_cast<size_t>(r)];
+        const std::vector<std::string_view>& fields = rows.fields[static_cast<size_t>(r)];
         const std::string& error = rows.errors[static_cast<size_t>(r)];
         const int result = error.empty() ? m_resultOf[static_cast<size_t>(r)] : -1;
         if (m_json) {
@@ -293,7 +296,7 @@ private:
     }
 
     void WriteJsonRow(std::string& out, const Rows& rows, int r, int result) const {
-        const std::vector<std::string>& fields = rows.fields[static_cast<size_t>(r)];
+        const std::vector<std::string_view>& fields = rows.fields[static_cast<size_t>(r)];
         Json json;
         if (result >= 0) {
             ZefraHDGPoint point;
@@ -322,7 +325,7 @@ private:
             Json carried = Json::object();
             for (const int column : m_layout.carried)
                 if (static_cast<size_t>(column) < fields.size())
-                    carried[Trimmed(m_header[static_cast<size_t>(column)])] = fields[static_cast<size_t>(column)];
+                    carried[Trimmed(m_header[static_cast<size_t>(column)])] = std::string(fields[static_cast<size_t>(column)]);
             json["columns"] = std::move(carried);
         }
         if (result < 0) json["error"] = rows.errors[static_cast<size_t>(r)];

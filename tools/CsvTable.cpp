@@ -12,65 +12,76 @@ CsvReader::CsvReader(std::string_view text) : m_text(text) {
 }
 
 bool CsvReader::Next(std::vector<std::string>& fields) {
-    const size_t size = m_text.size();
-    // Empty lines carry no record.
-    while (m_at < size && (m_text[m_at] == '\n' || m_text[m_at] == '\r')) {
-        if (m_text[m_at] == '\n') ++m_line;
-        ++m_at;
-    }
-    if (m_at >= size) {
+    std::vector<std::string_view> views;
+    std::deque<std::string> unquoted;
+    if (!Next(views, unquoted)) {
         fields.clear();
         return false;
     }
+    fields.assign(views.begin(), views.end());
+    return true;
+}
+
+bool CsvReader::Next(std::vector<std::string_view>& fields, std::deque<std::string>& unquoted) {
+    fields.clear();
+    const size_t size = m_text.size();
+    const char* text = m_text.data();
+    // Empty lines carry no record.
+    while (m_at < size && (text[m_at] == '\n' || text[m_at] == '\r')) {
+        if (text[m_at] == '\n') ++m_line;
+        ++m_at;
+    }
+    if (m_at >= size) return false;
     m_recordLine = m_line;
-    // The strings of the fields are reused from record to record.
-    size_t used = 0;
-    const auto next = [&fields, &used]() -> std::string& {
-        if (used == fields.size()) fields.emplace_back();
-        std::string& field = fields[used++];
-        field.clear();
-        return field;
-    };
     for (;;) {
-        std::string& field = next();
-        if (m_at < size && m_text[m_at] == '"') {
-            ++m_at;
+        if (m_at < size && text[m_at] == '"') {
+            const size_t start = ++m_at;
+            bool doubled = false;
             for (;;) {
                 if (m_at >= size)
                     throw UsageError("line " + std::to_string(m_recordLine) + ": a quoted field is not closed");
-                const char c = m_text[m_at++];
+                const char c = text[m_at++];
                 if (c == '"') {
-                    if (m_at < size && m_text[m_at] == '"') {
-                        field += '"';
+                    if (m_at < size && text[m_at] == '"') {
+                        doubled = true;
                         ++m_at;
                         continue;
                     }
                     break;
                 }
                 if (c == '\n') ++m_line;
-                field += c;
             }
-            if (m_at < size && m_text[m_at] != ',' && m_text[m_at] != '\n' && m_text[m_at] != '\r')
+            const std::string_view quoted(text + start, m_at - 1 - start);
+            if (!doubled) {
+                fields.push_back(quoted);
+            } else {
+                std::string& field = unquoted.emplace_back();
+                for (size_t i = 0; i < quoted.size(); ++i) {
+                    field += quoted[i];
+                    if (quoted[i] == '"') ++i;  // the second of a doubled quote
+                }
+                fields.push_back(field);
+            }
+            if (m_at < size && text[m_at] != ',' && text[m_at] != '\n' && text[m_at] != '\r')
                 throw UsageError("line " + std::to_string(m_line) +
                                  ": a quoted field is followed by text before the next comma");
         } else {
             const size_t start = m_at;
-            while (m_at < size && m_text[m_at] != ',' && m_text[m_at] != '\n' && m_text[m_at] != '\r') ++m_at;
-            field.assign(m_text.data() + start, m_at - start);
+            while (m_at < size && text[m_at] != ',' && text[m_at] != '\n' && text[m_at] != '\r') ++m_at;
+            fields.emplace_back(text + start, m_at - start);
         }
         if (m_at >= size) break;
-        const char c = m_text[m_at];
+        const char c = text[m_at];
         if (c == ',') {
             ++m_at;
             continue;
         }
         // The record's end: LF or CRLF (a lone CR too).
         ++m_at;
-        if (c == '\r' && m_at < size && m_text[m_at] == '\n') ++m_at;
+        if (c == '\r' && m_at < size && text[m_at] == '\n') ++m_at;
         ++m_line;
         break;
     }
-    fields.resize(used);
     return true;
 }
 

@@ -4,6 +4,7 @@
 // lines end in LF or CRLF; a UTF-8 byte-order mark before the header is
 // skipped; empty lines are skipped.
 
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,10 @@ public:
     // UsageError for a quoted field that isn't closed or is followed by
     // anything but a comma or the line's end.
     bool Next(std::vector<std::string>& fields);
+
+    // The same, as views: into the text, or for a quoted field with doubled
+    // quotes into a string added to `unquoted`, which must outlive the views.
+    bool Next(std::vector<std::string_view>& fields, std::deque<std::string>& unquoted);
 
     // The line on which the record last read starts, from 1.
     int Line() const { return m_recordLine; }
