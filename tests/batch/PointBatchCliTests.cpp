@@ -188,6 +188,19 @@ TEST(PointBatchCli, JsonLinesCarryThePointAndTheRow) {
         EXPECT_EQ(json[key], one[key]) << key;
     EXPECT_EQ(json["line"], 2);
     EXPECT_EQ(json["columns"]["t"], "08:00");
+
+    // A refused row, written with --skip-bad: its line, its columns, the cause.
+    const Result skipped =
+        RunTool(scratch, {"point", "--batch", "-", "--json", "--skip-bad"}, "t,tdb,rh\n08:00,22,60\n09:00,22,0.6\n");
+    ASSERT_EQ(skipped.code, 0) << skipped.err;
+    const auto rows = Lines(skipped.out);
+    ASSERT_EQ(rows.size(), 2u);
+    const auto refused = nlohmann::json::parse(rows[0]);
+    EXPECT_EQ(refused["line"], 2);
+    EXPECT_EQ(refused["columns"]["t"], "08:00");
+    EXPECT_NE(refused["error"].get<std::string>().find("looks like a percentage"), std::string::npos);
+    EXPECT_FALSE(refused.contains("Tdb"));
+    EXPECT_EQ(nlohmann::json::parse(rows[1])["line"], 3);
 }
 
 TEST(PointBatchCli, OutIsWholeOrNotThere) {
