@@ -236,29 +236,22 @@ public:
             for (int k = 0; k < n; ++k) has[k] = true;
             return;
         }
-        int water[256];
-        int ice[256];
-        int waters = 0;
-        int ices = 0;
+        // Each enthalpy read from its branch, chosen without a branch; those
+        // beyond both read the ice branch's start and are marked.
+        const UniformQuinticTable::Layout ice = m_ice.GetLayout();
+        const UniformQuinticTable::Layout water = m_water.GetLayout();
+        const bool waterBuilt = m_water.First() < m_water.Last();
+        const double iceFirst = m_ice.First();
+        const double iceLast = m_ice.Last();
         for (int k = 0; k < n; ++k) {
-            has[k] = true;
-            if (m_ice.Contains(H[k])) {
-                if (H[k] < m_ice.Last())
-                    ice[ices++] = k;
-                else
-                    t[k] = kMeetT;
-            } else if (m_water.Contains(H[k])) {
-                water[waters++] = k;
-            } else {
-                has[k] = false;
-            }
+            const double h = H[k];
+            const bool onIce = m_ice.Contains(h);
+            const bool onWater = !onIce && waterBuilt && m_water.Contains(h);
+            has[k] = onIce || onWater;
+            const UniformQuinticTable::Layout& table = onWater ? water : ice;
+            const double reading = table.At(has[k] ? h : iceFirst);
+            t[k] = onIce && !(h < iceLast) ? kMeetT : reading;
         }
-        if (waters == n) {
-            m_water.AtMany(H, t, n);
-            return;
-        }
-        ReadGathered(m_water, H, t, water, waters);
-        ReadGathered(m_ice, H, t, ice, ices);
     }
 
     // Where pieces are worth building: RH and B of air-handling practice.
@@ -272,14 +265,6 @@ private:
     static double CurveEnthalpy(const Curve& curve, double t, double q) {
         double x = q * std::exp(HylandWexler::LnPs(curve, t + kKelvinOffset));
         return 1.01 * t + 0.001 * kMoistureFactor * ShareTerms(x).g * (2500.0 + 1.84 * t);
-    }
-
-    static void ReadGathered(const UniformQuinticTable& table, const double* H, double* t, const int* which, int n) {
-        double x[256];
-        double y[256];
-        for (int k = 0; k < n; ++k) x[k] = H[which[k]];
-        table.AtMany(x, y, n);
-        for (int k = 0; k < n; ++k) t[which[k]] = y[k];
     }
 
     static UniformQuinticTable Branch(bool ice, double firstH, double lastH, double q) {

@@ -49,36 +49,20 @@ void HylandWexler::PsMany(const double* t, double* ps, int n) {
         tables.water.AtMany(t, ps, n);
         return;
     }
-    // Otherwise the temperatures of each curve are gathered and read
-    // together, a chunk at a time; the rest by the formula.
-    constexpr int kChunk = 256;
-    int ice[kChunk];
-    int water[kChunk];
-    double x[kChunk];
-    double y[kChunk];
-    const auto read = [&](const UniformQuinticTable& table, const double* from, double* to, const int* which,
-                          int count) {
-        for (int k = 0; k < count; ++k) x[k] = from[which[k]];
-        table.AtMany(x, y, count);
-        for (int k = 0; k < count; ++k) to[which[k]] = y[k];
-    };
-    for (int start = 0; start < n; start += kChunk) {
-        const int count = n - start < kChunk ? n - start : kChunk;
-        const double* ts = t + start;
-        double* out = ps + start;
-        int ices = 0;
-        int waters = 0;
-        for (int k = 0; k < count; ++k) {
-            const double x0 = ts[k];
-            if (x0 >= kTableLowest && x0 < kCurvesMeet)
-                ice[ices++] = k;
-            else if (x0 >= kCurvesMeet && x0 <= kTableHighest)
-                water[waters++] = k;
-            else
-                out[k] = FormulaPs(x0);  // beyond the tables, and NaN
-        }
-        read(tables.ice, ts, out, ice, ices);
-        read(tables.water, ts, out, water, waters);
+    // Otherwise each temperature is read from its curve's table, the table
+    // chosen per temperature without a branch; the rest by the formula.
+    const UniformQuinticTable::Layout ice = tables.ice.GetLayout();
+    const UniformQuinticTable::Layout water = tables.water.GetLayout();
+    for (int k = 0; k < n; ++k) {
+        const double x = t[k];
+        const bool onIce = x >= kTableLowest && x < kCurvesMeet;
+        const bool onWater = x >= kCurvesMeet && x <= kTableHighest;
+        const UniformQuinticTable::Layout& table = onIce ? ice : water;
+        ps[k] = table.At(onIce || onWater ? x : kCurvesMeet);
+    }
+    for (int k = 0; k < n; ++k) {
+        const double x = t[k];
+        if (!(x >= kTableLowest && x <= kTableHighest)) ps[k] = FormulaPs(x);  // beyond the tables, and NaN
     }
 }
 

@@ -119,6 +119,26 @@ public:
     double First() const { return m_first; }
     double Last() const { return m_last; }
 
+    // What a reading needs, for loops that read two tables at once.
+    struct Layout {
+        const QuinticPiece* pieces;
+        int lastPiece;
+        double first;
+        double invWidth;
+
+        // At(x) of the table, the same steps.
+        double At(double x) const {
+            const double u = (x - first) * invWidth;
+            int i = static_cast<int>(u);
+            if (i > lastPiece) i = lastPiece;
+            const double s = u - i;
+            return pieces[i].At(s);
+        }
+    };
+    Layout GetLayout() const {
+        return {m_pieces.data(), static_cast<int>(m_pieces.size()) - 1, m_first, m_invWidth};
+    }
+
 private:
     const QuinticPiece& PieceAt(double x, double& s) const {
         const double u = (x - m_first) * m_invWidth;
