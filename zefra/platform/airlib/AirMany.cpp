@@ -123,6 +123,10 @@ void GetTwbMany(const double* H, const double* B, double* Twb, int n) {
     // the library builds when the pressure is first met and keeps for a few
     // pressures at a time; so the elements are taken a pressure at a time:
     // runs of one pressure as they stand, scattered pressures gathered.
+    if (n > 0 && CountWithin(B, n, B[0], B[0]) == n) {  // one pressure, the common case
+        EnthalpyRHSolver::WetBulbsAt(H, B[0], Twb, n);
+        return;
+    }
     int runs = 1;
     for (int k = 1; k < n; ++k) runs += static_cast<int>(!(B[k] == B[k - 1]));
     if (n == 0 || 16 * runs <= n) {
