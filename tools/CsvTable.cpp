@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstring>
 
 namespace zefra::cli {
 
@@ -145,16 +146,20 @@ void AppendNumber(std::string& out, double value) {
         digits /= 10;
         ++e;
     }
-    // The ten digits, as two independent halves of five.
+    // The ten digits, as two halves of five: a digit and two pairs each.
     char d[kDigits];
-    unsigned high = static_cast<unsigned>(digits / 100000);
-    unsigned low = static_cast<unsigned>(digits % 100000);
-    for (int i = 4; i >= 0; --i) {
-        d[i] = static_cast<char>('0' + high % 10);
-        d[i + 5] = static_cast<char>('0' + low % 10);
-        high /= 10;
-        low /= 10;
-    }
+    const auto half = [](unsigned value, char* to) {
+        static const char kPairs[] =
+            "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+            "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+            "8081828384858687888990919293949596979899";
+        const unsigned rest = value % 10000;
+        to[0] = static_cast<char>('0' + value / 10000);
+        std::memcpy(to + 1, kPairs + 2 * (rest / 100), 2);
+        std::memcpy(to + 3, kPairs + 2 * (rest % 100), 2);
+    };
+    half(static_cast<unsigned>(digits / 100000), d);
+    half(static_cast<unsigned>(digits % 100000), d + 5);
     char text[40];
     char* const start = text + 1;  // room for the sign
     char* p = start;
