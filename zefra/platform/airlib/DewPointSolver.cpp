@@ -166,20 +166,24 @@ public:
     };
 
 private:
-    // The steps of TemperatureAt, in the same order, for many at once.
-    ZEFRA_VECTOR_CLONES
+    // The steps of TemperatureAt, in the same order, for many at once (at
+    // most 256).
     static void ReadPieces(const Piece* __restrict pieces, uint64_t firstKey, uint64_t meetKey, double meetPressure,
                            uint64_t upperIndex, double first, double last, const double* __restrict Pv,
                            double* __restrict t, unsigned char* __restrict inside, int n) {
+        const QuinticPiece* shapes[256];
+        double position[256];
         for (int k = 0; k < n; ++k) {
             const bool in = Pv[k] >= first && Pv[k] < last;
             const double p = in ? Pv[k] : first;
             const uint64_t key = KeyOf(p);
             const uint64_t index = key == meetKey && p >= meetPressure ? upperIndex : key - firstKey;
             const Piece& piece = pieces[index];
-            t[k] = piece.shape.At((p - piece.from) * piece.invWidth);
+            shapes[k] = &piece.shape;
+            position[k] = (p - piece.from) * piece.invWidth;
             inside[k] = static_cast<unsigned char>(in);
         }
+        ReadEachPiece(shapes, position, t, n);
     }
 
     // t, dt/dPv and d²t/dPv² where Ps(t) = Pv on one curve.

@@ -236,21 +236,19 @@ public:
             for (int k = 0; k < n; ++k) has[k] = true;
             return;
         }
-        // Each enthalpy read from its branch, chosen without a branch; those
-        // beyond both read the ice branch's start and are marked.
-        const UniformQuinticTable::Layout ice = m_ice.GetLayout();
-        const UniformQuinticTable::Layout water = m_water.GetLayout();
+        // Each enthalpy read from its branch; those beyond both are marked.
+        const QuinticPiece* pieces[256];
+        double position[256];
+        unsigned char found[256];
         const bool waterBuilt = m_water.First() < m_water.Last();
-        const double iceFirst = m_ice.First();
+        LocateInTwoTables(m_ice.GetLayout(), m_ice.First(), m_ice.Last(), true, m_water.GetLayout(),
+                          waterBuilt ? m_water.First() : 1.0, waterBuilt ? m_water.Last() : 0.0, H, pieces, position,
+                          found, n);
+        ReadEachPiece(pieces, position, t, n);
         const double iceLast = m_ice.Last();
         for (int k = 0; k < n; ++k) {
-            const double h = H[k];
-            const bool onIce = m_ice.Contains(h);
-            const bool onWater = !onIce && waterBuilt && m_water.Contains(h);
-            has[k] = onIce || onWater;
-            const UniformQuinticTable::Layout& table = onWater ? water : ice;
-            const double reading = table.At(has[k] ? h : iceFirst);
-            t[k] = onIce && !(h < iceLast) ? kMeetT : reading;
+            has[k] = found[k] != 0;
+            if (m_ice.Contains(H[k]) && !(H[k] < iceLast)) t[k] = kMeetT;
         }
     }
 

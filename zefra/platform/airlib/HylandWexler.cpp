@@ -49,16 +49,19 @@ void HylandWexler::PsMany(const double* t, double* ps, int n) {
         tables.water.AtMany(t, ps, n);
         return;
     }
-    // Otherwise each temperature is read from its curve's table, the table
-    // chosen per temperature without a branch; the rest by the formula.
+    // Otherwise each temperature is read from its curve's table, chosen per
+    // temperature; the rest by the formula.
     const UniformQuinticTable::Layout ice = tables.ice.GetLayout();
     const UniformQuinticTable::Layout water = tables.water.GetLayout();
-    for (int k = 0; k < n; ++k) {
-        const double x = t[k];
-        const bool onIce = x >= kTableLowest && x < kCurvesMeet;
-        const bool onWater = x >= kCurvesMeet && x <= kTableHighest;
-        const UniformQuinticTable::Layout& table = onIce ? ice : water;
-        ps[k] = table.At(onIce || onWater ? x : kCurvesMeet);
+    constexpr int kChunk = 256;
+    const QuinticPiece* pieces[kChunk];
+    double position[kChunk];
+    unsigned char found[kChunk];
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = n - start < kChunk ? n - start : kChunk;
+        LocateInTwoTables(ice, kTableLowest, kCurvesMeet, false, water, kCurvesMeet, kTableHighest, t + start, pieces,
+                          position, found, count);
+        ReadEachPiece(pieces, position, ps + start, count);
     }
     for (int k = 0; k < n; ++k) {
         const double x = t[k];

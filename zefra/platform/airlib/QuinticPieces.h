@@ -61,6 +61,43 @@ struct QuinticPiece {
     }
 };
 
+// out[k] = pieces[k]->At(s[k]) for k < n, the same bits, several at a time:
+// each argument with its own piece's coefficients.
+void ReadEachPiece(const QuinticPiece* const* pieces, const double* s, double* out, int n);
+
+// What a reading of a UniformQuinticTable needs, for loops that read two
+// tables at once.
+struct QuinticTableLayout {
+    const QuinticPiece* pieces;
+    int lastPiece;
+    double first;
+    double invWidth;
+
+    // The piece that holds x, and x's place in it, as At(x) finds them.
+    const QuinticPiece* Locate(double x, double& s) const {
+        const double u = (x - first) * invWidth;
+        int i = static_cast<int>(u);
+        if (i > lastPiece) i = lastPiece;
+        s = u - i;
+        return pieces + i;
+    }
+
+    // At(x) of the table, the same steps.
+    double At(double x) const {
+        double s;
+        return Locate(x, s)->At(s);
+    }
+};
+
+// Where each x[k] (k < n, at most 256) falls in one of two tables: table a
+// for x in [aLo, aHi) ([aLo, aHi] when aClosed), else table b for x in
+// [bLo, bHi]; pieces[k] and s[k] as the table's At finds them, and found[k]
+// 1 for table a, 2 for table b, 0 (and the start of table a) for an x in
+// neither. The search runs in vector loops.
+void LocateInTwoTables(const QuinticTableLayout& a, double aLo, double aHi, bool aClosed, const QuinticTableLayout& b,
+                       double bLo, double bHi, const double* x, const QuinticPiece** pieces, double* s,
+                       unsigned char* found, int n);
+
 // out[k] = the reading of x[k] from pieces of equal width that start at
 // first, for k < n: the loop of UniformQuinticTable::AtMany, built for the
 // widest vector unit the processor has.
@@ -120,21 +157,7 @@ public:
     double Last() const { return m_last; }
 
     // What a reading needs, for loops that read two tables at once.
-    struct Layout {
-        const QuinticPiece* pieces;
-        int lastPiece;
-        double first;
-        double invWidth;
-
-        // At(x) of the table, the same steps.
-        double At(double x) const {
-            const double u = (x - first) * invWidth;
-            int i = static_cast<int>(u);
-            if (i > lastPiece) i = lastPiece;
-            const double s = u - i;
-            return pieces[i].At(s);
-        }
-    };
+    using Layout = QuinticTableLayout;
     Layout GetLayout() const {
         return {m_pieces.data(), static_cast<int>(m_pieces.size()) - 1, m_first, m_invWidth};
     }
