@@ -128,10 +128,15 @@ struct Block {
     // element, in the order one point at a time reads them, so that the
     // cache answers each call as it would answer that point. H doesn't change
     // after the first step, so the wet bulb can be read before its turn.
+    // A sweep along one RH at one pressure whose curves are already built
+    // changes nothing in the cache, so it is read a block at a time.
     void RHAndH() {
-        for (int k = 0; k < n; ++k) {
-            Tdb[k] = AIR::GetTdbByHAndRH(H[k], RH[k], B[k]);
-            Twb[k] = AIR::GetTwb(H[k], RH[k], B[k]);
+        const bool oneCurve = n > 0 && CountWithin(RH, n, RH[0], RH[0]) == n && CountWithin(B, n, B[0], B[0]) == n;
+        if (!oneCurve || !AIR::GetTdbAndTwbOnBuiltCurves(H, RH[0], B[0], Tdb, Twb, n)) {
+            for (int k = 0; k < n; ++k) {
+                Tdb[k] = AIR::GetTdbByHAndRH(H[k], RH[k], B[k]);
+                Twb[k] = AIR::GetTwb(H[k], RH[k], B[k]);
+            }
         }
         AIR::GetDByTdbAndHMany(Tdb, H, D, n);
         HAndD(true);

@@ -109,6 +109,15 @@ void GetTdbByHAndRHMany(const double* H, const double* RH, const double* B, doub
     for (int k = 0; k < n; ++k) Tdb[k] = GetTdbByHAndRH(H[k], RH[k], B[k]);
 }
 
+bool GetTdbAndTwbOnBuiltCurves(const double* H, double RH, double B, double* Tdb, double* Twb, int n) {
+    // The wet-bulb curve first: only when both are built may either be read.
+    std::vector<double> wetBulbs(static_cast<size_t>(n));
+    if (!EnthalpyRHSolver::TemperaturesOnBuiltCurve(H, 1.0, B, wetBulbs.data(), n)) return false;
+    if (!EnthalpyRHSolver::TemperaturesOnBuiltCurve(H, RH, B, Tdb, n)) return false;
+    std::copy(wetBulbs.begin(), wetBulbs.end(), Twb);
+    return true;
+}
+
 void GetTdpMany(const double* D, const double* B, double* Tdp, int n) {
     double Pv[kChunk];
     for (int start = 0; start < n; start += kChunk) {

@@ -43,6 +43,13 @@ void GetTdbByDAndRHMany(const double* D, const double* RH, const double* B, doub
 // steady use are built as the one-at-a-time calls in that order build them.
 void GetTdbByHAndRHMany(const double* H, const double* RH, const double* B, double* Tdb, int n);
 
+// When the curve of (RH, B) and the wet-bulb curve of B are both built on
+// this thread: Tdb[k] = GetTdbByHAndRH(H[k], RH, B) and Twb[k] = GetTwb(H[k],
+// RH, B) for k < n, the same bits, and true. Otherwise false, and nothing
+// done. Calls on built curves leave the cache of curves as it was, so these
+// give what the calls one after another would give.
+bool GetTdbAndTwbOnBuiltCurves(const double* H, double RH, double B, double* Tdb, double* Twb, int n);
+
 // GetTdp(D[k], B[k]).
 void GetTdpMany(const double* D, const double* B, double* Tdp, int n);
 

@@ -308,6 +308,12 @@ public:
         return slot->pieces.get();
     }
 
+    // The pieces of (RH, B) when built, without counting a use.
+    const EnthalpyCurvePieces* Built(double RH, double B) {
+        const Slot* slot = SlotOf(RH, B);
+        return slot ? slot->pieces.get() : nullptr;
+    }
+
 private:
     static constexpr int kSlots = 8;
     static constexpr long kUsesBeforeBuilding = 1024;
@@ -419,4 +425,18 @@ void EnthalpyRHSolver::WetBulbsAt(const double* H, double B, double* t, int n) {
         for (int k = 0; k < count; ++k)
             if (!has[k]) t[start + k] = TemperatureAt(H[start + k], 1.0, B);
     }
+}
+
+bool EnthalpyRHSolver::TemperaturesOnBuiltCurve(const double* H, double RH, double B, double* t, int n) {
+    const EnthalpyCurvePieces* pieces = PiecesCache().Built(RH, B);
+    if (!pieces) return false;
+    constexpr int kChunk = 256;
+    bool has[kChunk];
+    for (int start = 0; start < n; start += kChunk) {
+        const int count = n - start < kChunk ? n - start : kChunk;
+        pieces->TemperaturesAt(H + start, t + start, has, count);
+        for (int k = 0; k < count; ++k)
+            if (!has[k]) t[start + k] = TemperatureAt(H[start + k], RH, B);
+    }
+    return true;
 }

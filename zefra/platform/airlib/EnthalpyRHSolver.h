@@ -28,4 +28,11 @@ public:
     // t[k] = WetBulbAt(H[k], B) for k < n, the same bits; the pieces are
     // read several at a time.
     static void WetBulbsAt(const double* H, double B, double* t, int n);
+
+    // When the pieces of (RH, B) are already built on this thread: t[k] =
+    // TemperatureOnCurve(H[k], RH, B) for k < n, the same bits, and true.
+    // Otherwise false, and nothing done. Either way the cache of curves is
+    // left as it was, as n calls of TemperatureOnCurve would leave it once
+    // the curve is built.
+    static bool TemperaturesOnBuiltCurve(const double* H, double RH, double B, double* t, int n);
 };
