@@ -1,6 +1,7 @@
 #pragma once
 // Every public header of the ZefraDataBase library.
 
+#include "zefra/air/EHDGCalculationMode.h"
 #include "zefra/air/EHDGSearchMode.h"
 #include "zefra/air/HDGCalItemText.h"
 #include "zefra/air/HDGChecks.h"
@@ -10,6 +11,7 @@
 #include "zefra/air/HDGRunningSum.h"
 #include "zefra/air/HDGSchemeChartOverlay.h"
 #include "zefra/air/HDGSecondaryDewPointSearch.h"
+#include "zefra/air/HDGWarnings.h"
 #include "zefra/air/SHDGPrimaryReturnAirInfo.h"
 #include "zefra/air/SHDGSecondaryReturnAirInfo.h"
 #include "zefra/air/ZefraHDGHeatHumRat.h"
