@@ -1,0 +1,281 @@
+// Other modules of the suite call the exported classes by these exact
+// signatures. Each line takes the address of one member function with the
+// signature the callers use, so a drifting signature stops this file from
+// compiling; the test itself only confirms that every address was taken.
+// `long` in the callers' interfaces is our 32-bit `int`.
+
+#include "zefra/zefra.h"
+
+#include <gtest/gtest.h>
+
+#define EXPECT_MEMBER_QUALIFIED(Class, Ret, Name, Params, Qualifier) \
+    do {                                                              \
+        Ret (Class::*member) Params Qualifier = &Class::Name;         \
+        EXPECT_TRUE(member != nullptr) << #Class "::" #Name #Params;  \
+    } while (false)
+#define EXPECT_MEMBER(Class, Ret, Name, Params) EXPECT_MEMBER_QUALIFIED(Class, Ret, Name, Params, )
+#define EXPECT_CONST_MEMBER(Class, Ret, Name, Params) EXPECT_MEMBER_QUALIFIED(Class, Ret, Name, Params, const)
+
+namespace {
+
+// The operations every cursor container offers through its base.
+template <typename C, typename T>
+void ExpectCursorInterface() {
+    using Base = QoDynArrayBase<T>;
+    EXPECT_CONST_MEMBER(C, int, GetLength, ());
+    EXPECT_CONST_MEMBER(C, int, GetMaxIndex, ());
+    EXPECT_CONST_MEMBER(C, int, GetCur, ());
+    EXPECT_CONST_MEMBER(C, bool, IsEmpty, ());
+    EXPECT_CONST_MEMBER(C, bool, IsBegin, ());
+    EXPECT_CONST_MEMBER(C, bool, IsEnd, ());
+    EXPECT_CONST_MEMBER(C, bool, IsOut, ());
+    EXPECT_CONST_MEMBER(C, bool, IsValidIndex, (int));
+    EXPECT_MEMBER(C, void, MoveToFirst, ());
+    EXPECT_MEMBER(C, void, MoveToNext, ());
+    EXPECT_MEMBER(C, void, MoveToPre, ());
+    EXPECT_MEMBER(C, void, MoveToLast, ());
+    EXPECT_MEMBER(C, void, MoveTo, (int));
+    EXPECT_MEMBER(C, T&, operator[], (int));
+    EXPECT_CONST_MEMBER(C, const T&, operator[], (int));
+    EXPECT_CONST_MEMBER(C, const T*, GetTo, (int));
+    EXPECT_MEMBER(C, void, SetLength, (int, bool));
+    EXPECT_MEMBER(C, void, Reset, ());
+    EXPECT_MEMBER(C, T&, GetCurData, ());
+    EXPECT_MEMBER(C, void, SetCurData, (const T&));
+    EXPECT_CONST_MEMBER(C, const T*, GetFirst, ());
+    EXPECT_CONST_MEMBER(C, const T*, GetNext, (const T*));
+    EXPECT_CONST_MEMBER(C, const T*, GetPre, (const T*));
+    EXPECT_CONST_MEMBER(C, const T*, GetLast, ());
+    EXPECT_CONST_MEMBER(C, const T&, GetAt, (int));
+    EXPECT_MEMBER(C, void, InsertCur, (const T&));
+    EXPECT_MEMBER(C, void, Insert, (int, const T&));
+    EXPECT_MEMBER(C, void, InsertHead, (const T&));
+    EXPECT_MEMBER(C, int, Append, (const T&));
+    EXPECT_MEMBER(C, void, DelCur, ());
+    EXPECT_MEMBER(C, void, Sort, (int (*)(const T&, const T&)));
+    EXPECT_MEMBER(C, void, Sort, (bool));
+    EXPECT_MEMBER(C, bool, Move, (int, int));
+    EXPECT_MEMBER(Base, Base&, operator<<, (const T&));
+    EXPECT_MEMBER(Base, Base&, operator<<, (const Base&));
+    EXPECT_MEMBER(Base, Base&, operator<<, (const QoArray<T>&));
+    EXPECT_MEMBER(C, void, Del, (int));
+    EXPECT_MEMBER(C, void, DelHead, ());
+    EXPECT_MEMBER(C, void, DelTail, ());
+    EXPECT_MEMBER(C, void, IncreaseSize, (int));
+    EXPECT_MEMBER(C, void, DecreaseSize, (int));
+    EXPECT_MEMBER(C, void, DeepCopy, (const Base&));
+    EXPECT_MEMBER(C, void, DeepCopy, (const QoArray<T>&));
+    EXPECT_CONST_MEMBER(C, void, Left, (int, Base&));
+    EXPECT_CONST_MEMBER(C, void, Right, (int, Base&));
+    EXPECT_CONST_MEMBER(C, void, Mid, (int, int, Base&));
+    EXPECT_MEMBER(C, void, Exchange, (int, int));
+    EXPECT_MEMBER(C, void, Reverse, (int, int));
+    EXPECT_CONST_MEMBER(C, int, Find, (const T&, int, int));
+    EXPECT_CONST_MEMBER(C, int, Find, (const T&, QoQuene<int>&, int, int));
+    EXPECT_MEMBER(C, bool, FindTo, (const T&, int));
+    EXPECT_CONST_MEMBER(C, int, BFind, (const T&, int, int));
+    EXPECT_MEMBER(C, bool, BFindTo, (const T&, int, int));
+    EXPECT_CONST_MEMBER(Base, bool, operator==, (const Base&));
+    EXPECT_CONST_MEMBER(Base, bool, operator!=, (const Base&));
+    EXPECT_CONST_MEMBER(Base, bool, operator<, (const Base&));
+    EXPECT_CONST_MEMBER(Base, bool, operator>, (const Base&));
+}
+
+// Operations of the plain (not owning) containers, on values.
+template <typename C, typename T>
+void ExpectValueOperations() {
+    EXPECT_MEMBER(C, void, SetAll, (const T&));
+    EXPECT_MEMBER(C, int, FindDel, (const T&));
+    EXPECT_MEMBER(C, int, FindOrAppend, (const T&));
+    EXPECT_MEMBER(C, void, FindOrInsertHead, (const T&));
+    EXPECT_MEMBER(C, bool, SortInto, (const T&, bool));
+}
+
+template <typename L, typename T>
+void ExpectListInterface() {
+    using List = QoList<T>;
+    EXPECT_MEMBER(L, void, InsertAfterCur, (const T&));
+    EXPECT_MEMBER(L, void, DetachAfterCur, ());
+    EXPECT_MEMBER(L, int, Conbine, (List&, int));
+    EXPECT_MEMBER(L, void, ReverseList, ());
+    EXPECT_MEMBER(L, void, Rotate, (int, int));
+    EXPECT_MEMBER(L, void, Detach, ());
+    EXPECT_MEMBER(L, void, DetachAfter, (int));
+    EXPECT_MEMBER(L, void, SplitAt, (int, List&));
+    EXPECT_MEMBER(L, void, SplitAtCur, (List&));
+}
+
+// The owning containers, T being the pointee.
+template <typename C, typename T>
+void ExpectOwningInterface() {
+    EXPECT_MEMBER(C, void, ReleaseCur, ());
+    EXPECT_MEMBER(C, void, Release, (int));
+    EXPECT_MEMBER(C, void, ReleaseAll, ());
+    EXPECT_MEMBER(C, T*, TakeOffCur, ());
+    EXPECT_MEMBER(C, T*, TakeOff, (int));
+    EXPECT_MEMBER(C, T*, TakeOffHead, ());
+    EXPECT_MEMBER(C, T*, TakeOffTail, ());
+    EXPECT_MEMBER(C, bool, IsCurEmpty, ());
+    EXPECT_CONST_MEMBER(C, bool, IsEmptyData, (int));
+    EXPECT_CONST_MEMBER(C, int, GetDataNum, ());
+    EXPECT_CONST_MEMBER(C, const T&, GetPData, (int));
+    EXPECT_MEMBER(C, T&, GetCurPData, ());
+    EXPECT_MEMBER(C, T&, operator(), (int));
+    EXPECT_MEMBER(C, int, PlaceIn, (T*));
+    EXPECT_MEMBER(C, int, FindDel, (T*));
+    EXPECT_CONST_MEMBER(C, int, FindData, (const T&, int, int));
+    EXPECT_CONST_MEMBER(C, int, FindData, (const T&, QoQuene<int>&, int, int));
+    EXPECT_MEMBER(C, int, FindDataDel, (const T&));
+    EXPECT_CONST_MEMBER(C, int, BFindData, (const T&, int, int));
+    EXPECT_MEMBER(C, bool, BFindDataTo, (const T&, int, int));
+    EXPECT_MEMBER(C, bool, SortInto, (T*, bool));
+    EXPECT_MEMBER(C, void, Sort, (bool));
+    EXPECT_MEMBER(C, void, Sort, (int (*)(const T&, const T&)));
+    EXPECT_MEMBER(C, void, Sort, (int (*)(T* const&, T* const&)));
+    EXPECT_MEMBER(C, bool, Move, (int, int));
+}
+
+struct Item {
+    int key = 0;
+    friend bool operator==(const Item& a, const Item& b) { return a.key == b.key; }
+    friend bool operator!=(const Item& a, const Item& b) { return a.key != b.key; }
+    friend bool operator<(const Item& a, const Item& b) { return a.key < b.key; }
+    friend bool operator>(const Item& a, const Item& b) { return a.key > b.key; }
+};
+
+}  // namespace
+
+TEST(ExportedSignatures, DynamicArrays) {
+    ExpectCursorInterface<QoDynArray<double>, double>();
+    ExpectValueOperations<QoDynArray<double>, double>();
+    using A = QoDynArray<double>;
+    EXPECT_MEMBER(A, bool, SetSpaceSize, (int));
+    EXPECT_CONST_MEMBER(A, int, GetSpaceSize, ());
+    EXPECT_CONST_MEMBER(A, int, GetAllocUnit, ());
+    EXPECT_MEMBER(A, void, SetAllocUnit, (int));
+    EXPECT_MEMBER(A, void, Attach, (int, double*));
+    EXPECT_MEMBER(A, double*, Detach, ());
+}
+
+TEST(ExportedSignatures, CursorLists) {
+    ExpectCursorInterface<QoList<int>, int>();
+    ExpectValueOperations<QoList<int>, int>();
+    ExpectListInterface<QoList<int>, int>();
+    EXPECT_CONST_MEMBER(QoList<int>, QoListNode<int>*, GetCurPos, ());
+    ExpectCursorInterface<QoDList<double>, double>();
+    ExpectListInterface<QoDList<double>, double>();
+    ExpectCursorInterface<QoXList<Item*>, Item*>();
+    ExpectListInterface<QoXList<Item*>, Item*>();
+}
+
+TEST(ExportedSignatures, OwningAndExactArrays) {
+    using P = QoDynPArray<Item>;
+    ExpectCursorInterface<P, Item*>();
+    ExpectOwningInterface<P, Item>();
+    EXPECT_MEMBER(P, void, SortEx, (bool));
+    EXPECT_MEMBER(P, void, ReAllocate, (int));
+
+    using A = QoArray<Item>;
+    EXPECT_CONST_MEMBER(A, int, GetLength, ());
+    EXPECT_CONST_MEMBER(A, int, GetMaxIndex, ());
+    EXPECT_CONST_MEMBER(A, bool, IsEmpty, ());
+    EXPECT_CONST_MEMBER(A, bool, IsValidIndex, (int));
+    EXPECT_MEMBER(A, Item*, GetDataBuffer, ());
+    EXPECT_MEMBER(A, Item&, GetAt, (int));
+    EXPECT_CONST_MEMBER(A, const Item&, GetAt, (int));
+    EXPECT_MEMBER(A, void, SetAt, (int, const Item&));
+    EXPECT_MEMBER(A, Item&, operator[], (int));
+    EXPECT_CONST_MEMBER(A, const Item&, operator[], (int));
+    EXPECT_MEMBER(A, void, Reset, ());
+    EXPECT_MEMBER(A, void, ReAllocate, (int, bool));
+    EXPECT_MEMBER(A, void, SetAll, (const Item&));
+    EXPECT_MEMBER(A, void, Insert, (int, const Item&));
+    EXPECT_MEMBER(A, void, InsertHead, (const Item&));
+    EXPECT_MEMBER(A, int, Append, (const Item&));
+    EXPECT_MEMBER(A, void, Del, (int));
+    EXPECT_MEMBER(A, void, DelHead, ());
+    EXPECT_MEMBER(A, void, DelTail, ());
+    EXPECT_CONST_MEMBER(A, int, Find, (const Item&, int, int));
+    EXPECT_CONST_MEMBER(A, int, Find, (const Item&, QoQuene<int>&, int, int));
+    EXPECT_MEMBER(A, int, FindDel, (const Item&));
+    EXPECT_MEMBER(A, int, FindOrAppend, (const Item&));
+    EXPECT_MEMBER(A, void, FindOrInsertHead, (const Item&));
+    EXPECT_CONST_MEMBER(A, int, BFind, (const Item&, int, int));
+    EXPECT_MEMBER(A, void, Reverse, (int, int));
+    EXPECT_MEMBER(A, void, Sort, (int (*)(const Item&, const Item&)));
+    EXPECT_MEMBER(A, void, Sort, (bool));
+    EXPECT_CONST_MEMBER(A, bool, operator==, (const A&));
+    EXPECT_CONST_MEMBER(A, bool, operator!=, (const A&));
+    EXPECT_CONST_MEMBER(A, bool, operator<, (const A&));
+    EXPECT_CONST_MEMBER(A, bool, operator>, (const A&));
+
+    using G = Qo2dArray<Item>;
+    EXPECT_MEMBER(G, void, ReAllocate, (int, int, bool));
+    EXPECT_MEMBER(G, void, SetAll, (const Item&));
+}
+
+TEST(ExportedSignatures, OwningLists) {
+    using D = QoPDList<Item>;
+    ExpectCursorInterface<D, Item*>();
+    ExpectListInterface<D, Item*>();
+    ExpectOwningInterface<D, Item>();
+    EXPECT_MEMBER(D, bool, FindDataTo, (const Item&, int, int));
+    EXPECT_MEMBER(D, int, FindDataOrAppend, (const Item&));
+    EXPECT_MEMBER(D, void, FindDataOrInsertHead, (const Item&));
+
+    using X = QoPXList<Item>;
+    ExpectCursorInterface<X, Item*>();
+    ExpectListInterface<X, Item*>();
+    ExpectOwningInterface<X, Item>();
+    EXPECT_MEMBER(X, int, FindDataOrAppend, (const Item&));
+    EXPECT_MEMBER(X, void, FindDataOrInsertHead, (const Item&));
+}
+
+TEST(ExportedSignatures, LabelOptionsItemsAndContents) {
+    using O = QoHvacCStringOption;
+    ExpectListInterface<O, CString>();
+    EXPECT_MEMBER(O, void, AddOption, (const CString&));
+    EXPECT_MEMBER(O, bool, SetCurSel, (const CString&, bool));
+    EXPECT_MEMBER(O, void, SetCurSelIndex, (int));
+    EXPECT_CONST_MEMBER(O, int, GetCurSelIndex, ());
+    EXPECT_CONST_MEMBER(O, CString, GetCurSelString, ());
+    EXPECT_CONST_MEMBER(O, bool, SaveToDict, (QoDtDictOptionItem*));
+    EXPECT_MEMBER(O, bool, ReadFromDict, (QoDtDictOptionItem*));
+
+    using I = QoHvacDuctLabelItem;
+    EXPECT_CONST_MEMBER(I, CString, GetLabelText, ());
+    EXPECT_CONST_MEMBER(I, CString, GetLabelText, (const CString&));
+    EXPECT_CONST_MEMBER(I, bool, SaveToItem, (QoDtDictItem*));
+    EXPECT_MEMBER(I, bool, ReadFromItem, (QoDtDictItem*));
+
+    using C = QoHvacDuctLabelContent;
+    EXPECT_CONST_MEMBER(C, bool, SaveToDict, (QoDtDictionary*));
+    EXPECT_MEMBER(C, bool, ReadFromDict, (QoDtDictionary*));
+}
+
+TEST(ExportedSignatures, LabelSettingsAndComposition) {
+    using M = QoHvacDuctLabelManager;
+    QoHvacDuctLabelManager* (*instance)() = &M::GetInstance;
+    EXPECT_TRUE(instance != nullptr);
+    EXPECT_MEMBER(M, void, Init, ());
+    EXPECT_MEMBER(M, void, ReadFromDict, ());
+    EXPECT_MEMBER(M, void, SaveToDict, ());
+    EXPECT_CONST_MEMBER(M, M::ELengthUnit, GetLengthUnit, ());
+    EXPECT_CONST_MEMBER(M, CString, GetLengthUnitString, ());
+    EXPECT_CONST_MEMBER(M, QoDbHvacLabel::ELeadLabelPtType, GetArrowType, ());
+    EXPECT_CONST_MEMBER(M, double, GetArrowSize, ());
+    EXPECT_CONST_MEMBER(M, M::EAutoLabelPos, GetAutoLabelPos, ());
+    EXPECT_CONST_MEMBER(M, double, GetAutoLabelSpace, ());
+    EXPECT_CONST_MEMBER(M, M::EEleLabelStandard, GetEleLabelStarnard, ());
+    EXPECT_CONST_MEMBER(M, CString, GetTopHPrefix, ());
+    EXPECT_CONST_MEMBER(M, CString, GetMidHPrefix, ());
+    EXPECT_CONST_MEMBER(M, CString, GetBotHPrefix, ());
+    EXPECT_CONST_MEMBER(M, CString, GetElevationLabelPrefix, (QoDbHvacDuct::EVertAlignment));
+    EXPECT_CONST_MEMBER(M, AcDbObjectId, GetLabelTextStyle, ());
+    EXPECT_CONST_MEMBER(M, QoHvacDuctLabelData, GetLabelData,
+                  (const QoArray<QoHvacDuctLabelItem>&, const CString&, QoDbHvacDuct*));
+    EXPECT_CONST_MEMBER(M, QoArray<QoHvacDuctLabelData>, GetLeadLabelData, (QoDbHvacDuct*, int));
+    EXPECT_CONST_MEMBER(M, QoArray<QoHvacDuctLabelData>, GetLeadLabelData, (int, const AcDbObjectId&));
+    EXPECT_CONST_MEMBER(M, QoArray<QoHvacDuctLabelData>, GetAutoLabelData, (QoDbHvacDuct*));
+    EXPECT_CONST_MEMBER(M, QoArray<QoHvacDuctLabelData>, GetAutoLabelData, (const AcDbObjectId&));
+}
