@@ -279,3 +279,105 @@ TEST(ExportedSignatures, LabelSettingsAndComposition) {
     EXPECT_CONST_MEMBER(M, QoArray<QoHvacDuctLabelData>, GetAutoLabelData, (QoDbHvacDuct*));
     EXPECT_CONST_MEMBER(M, QoArray<QoHvacDuctLabelData>, GetAutoLabelData, (const AcDbObjectId&));
 }
+
+TEST(ExportedSignatures, StatePoint) {
+    using P = ZefraHDGPoint;
+    using K = EHvacHDGPointCalItemType;
+#define EXPECT_PROPERTY(Name)                      \
+    EXPECT_CONST_MEMBER(P, double, Get##Name, ()); \
+    EXPECT_MEMBER(P, void, Set##Name, (double))
+    EXPECT_PROPERTY(Tdb);
+    EXPECT_PROPERTY(RH);
+    EXPECT_PROPERTY(H);
+    EXPECT_PROPERTY(D);
+    EXPECT_PROPERTY(Twb);
+    EXPECT_PROPERTY(Tdp);
+    EXPECT_PROPERTY(Pv);
+    EXPECT_PROPERTY(Den);
+    EXPECT_PROPERTY(SV);
+    EXPECT_PROPERTY(Ds);
+    EXPECT_PROPERTY(Ps);
+#undef EXPECT_PROPERTY
+    EXPECT_CONST_MEMBER(P, CString, GetName, ());
+    EXPECT_CONST_MEMBER(P, CString, GetErrorInfo, ());
+    EXPECT_MEMBER(P, void, SetName, (const CString&));
+    EXPECT_MEMBER(P, void, SetErrorInfo, (const CString&));
+    EXPECT_CONST_MEMBER(P, K, GetCalPara1Type, ());
+    EXPECT_CONST_MEMBER(P, K, GetCalPara2Type, ());
+    EXPECT_MEMBER(P, void, SetCalPara1Type, (K));
+    EXPECT_MEMBER(P, void, SetCalPara2Type, (K));
+    EXPECT_CONST_MEMBER(P, double, GetCalParaValue, (K));
+    EXPECT_CONST_MEMBER(P, double, GetCalPara1Value, ());
+    EXPECT_CONST_MEMBER(P, double, GetCalPara2Value, ());
+    EXPECT_MEMBER(P, bool, Calculate, ());
+    EXPECT_MEMBER(P, bool, CalByTdbAndRH, (double, double));
+    EXPECT_MEMBER(P, bool, CalByTdbAndPv, (double, double));
+    EXPECT_MEMBER(P, bool, CalByHAndD, (double, double));
+    EXPECT_MEMBER(P, bool, CalByTdbAndD, (double, double));
+    EXPECT_MEMBER(P, bool, CalByTdbAndH, (double, double));
+    EXPECT_MEMBER(P, bool, CalByTdbAndTwb, (double, double));
+    EXPECT_MEMBER(P, bool, CalByTdbAndTdp, (double, double));
+    EXPECT_MEMBER(P, bool, CalByTdbAndDen, (double, double));
+    EXPECT_MEMBER(P, bool, CalByRHAndD, (double, double));
+    EXPECT_MEMBER(P, bool, CalByRHAndH, (double, double));
+    EXPECT_MEMBER(P, bool, CalByRHAndPv, (double, double));
+    EXPECT_MEMBER(P, bool, CalByRHAndTdp, (double, double));
+    EXPECT_MEMBER(P, bool, CalByRHAndTwb, (double, double));
+    EXPECT_MEMBER(P, bool, CalByHAndPv, (double, double));
+    EXPECT_MEMBER(P, bool, CalByHAndTdp, (double, double));
+    EXPECT_MEMBER(P, bool, CalByDAndTwb, (double, double));
+    EXPECT_MEMBER(P, bool, CalByTwbAndPv, (double, double));
+    EXPECT_MEMBER(P, bool, CalByTwbAndTdp, (double, double));
+    K (*kindOf)(const CString&) = &GetHDGPtCalItemType;
+    double (*pressure)() = &GetHDGCurB;
+    void (*setPressure)(double) = &SetHDGCurB;
+    EXPECT_TRUE(kindOf != nullptr && pressure != nullptr && setPressure != nullptr);
+}
+
+namespace {
+template <typename Process>
+void ExpectSimpleProcess() {
+    EXPECT_MEMBER(Process, bool, Calculate, ());
+    EXPECT_MEMBER(Process, bool, SaveXml, (QoDtDictionary*));
+    EXPECT_MEMBER(Process, bool, ReadXml, (QoDtDictionary*));
+    EXPECT_CONST_MEMBER(Process, const CStringArray&, GetResultInfo, ());
+    EXPECT_CONST_MEMBER(Process, ZefraHDGPoint, GetHDGPointA, ());
+    EXPECT_CONST_MEMBER(Process, ZefraHDGPoint, GetHDGPointB, ());
+    EXPECT_MEMBER(Process, void, SetHDGPointA, (const ZefraHDGPoint&));
+    EXPECT_MEMBER(Process, void, SetHDGPointB, (const ZefraHDGPoint&));
+}
+}  // namespace
+
+TEST(ExportedSignatures, SimpleProcesses) {
+    using L = ZefraHDGLine;
+    ExpectSimpleProcess<L>();
+    EXPECT_CONST_MEMBER(L, int, GetCalType, ());
+    EXPECT_MEMBER(L, void, SetCalType, (int));
+    EXPECT_CONST_MEMBER(L, double, GetG, ());
+    EXPECT_MEMBER(L, void, SetG, (double));
+    EXPECT_CONST_MEMBER(L, double, GetQ, ());
+    EXPECT_MEMBER(L, void, SetQ, (double));
+
+    using M = ZefraHDGMixAir;
+    ExpectSimpleProcess<M>();
+    EXPECT_CONST_MEMBER(M, double, GetGa, ());
+    EXPECT_MEMBER(M, void, SetGa, (double));
+    EXPECT_CONST_MEMBER(M, double, GetGb, ());
+    EXPECT_MEMBER(M, void, SetGb, (double));
+    EXPECT_CONST_MEMBER(M, double, GetdMixRatio, ());
+    EXPECT_MEMBER(M, void, SetdMixRatio, (double));
+    EXPECT_CONST_MEMBER(M, bool, GetIsHfb, ());
+    EXPECT_MEMBER(M, void, SetIsHfb, (bool));
+    EXPECT_CONST_MEMBER(M, ZefraHDGPoint, GetHDGPointC, ());
+
+    using R = ZefraHDGHeatHumRat;
+    ExpectSimpleProcess<R>();
+    EXPECT_CONST_MEMBER(R, int, GetCalType, ());
+    EXPECT_MEMBER(R, void, SetCalType, (int));
+    EXPECT_CONST_MEMBER(R, double, GetQ, ());
+    EXPECT_MEMBER(R, void, SetQ, (double));
+    EXPECT_CONST_MEMBER(R, double, GetMw, ());
+    EXPECT_MEMBER(R, void, SetMw, (double));
+    EXPECT_CONST_MEMBER(R, CString, GetValue, ());
+    EXPECT_MEMBER(R, void, SetValue, (const CString&));
+}
