@@ -381,3 +381,54 @@ TEST(ExportedSignatures, SimpleProcesses) {
     EXPECT_CONST_MEMBER(R, CString, GetValue, ());
     EXPECT_MEMBER(R, void, SetValue, (const CString&));
 }
+
+TEST(ExportedSignatures, ChartSettings) {
+    using S = QoHvacHDGSysSetManager;
+    QoHvacHDGSysSetManager* (*instance)() = &S::GetInstance;
+    EXPECT_TRUE(instance != nullptr);
+    EXPECT_MEMBER(S, bool, ReadData, ());
+    EXPECT_CONST_MEMBER(S, bool, SaveData, ());
+    EXPECT_MEMBER(S, void, UpdateAllCurUnitsConvertSet, ());
+    EXPECT_MEMBER(S, bool, SetDisplayItem, (const CString&, bool));
+    EXPECT_CONST_MEMBER(S, bool, IsDisplayItem, (const CString&));
+    EXPECT_MEMBER(S, bool, SetDisplayYcHfItem, (const CString&, bool));
+    EXPECT_CONST_MEMBER(S, bool, IsDisplayYcHfItem, (const CString&));
+    EXPECT_MEMBER(S, bool, SetDisplayEcHfItem, (const CString&, bool));
+    EXPECT_CONST_MEMBER(S, bool, IsDisplayEcHfItem, (const CString&));
+    EXPECT_MEMBER(S, bool, SetAbbreviationName, (const CString&, const CString&));
+    EXPECT_CONST_MEMBER(S, CString, GetAbbreviationName, (const CString&));
+    EXPECT_MEMBER(S, bool, SetUnitsName, (const CString&, const CString&));
+    EXPECT_CONST_MEMBER(S, CString, GetUnitsName, (const CString&));
+    EXPECT_MEMBER(S, bool, SetPrecision, (const CString&, int));
+    EXPECT_CONST_MEMBER(S, int, GetPrecision, (const CString&));
+    EXPECT_CONST_MEMBER(S, int, GetDislayItemNumbers, ());
+}
+
+TEST(ExportedSignatures, DuctSystemRegister) {
+    using R = QoHvacDuctLayerManager;
+    using K = HVAC::EQoDbHvacSystemType;
+    QoHvacDuctLayerManager* (*instance)() = &R::GetInstance;
+    EXPECT_TRUE(instance != nullptr);
+    EXPECT_MEMBER(R, void, ReRead, ());
+    EXPECT_CONST_MEMBER(R, QoDtDictionary*, GetSysDefDict, (K));
+    EXPECT_CONST_MEMBER(R, QoDtDictionary*, GetAssDict, (K));
+    EXPECT_MEMBER(R, bool, FindSystem, (const CString&, K));
+    EXPECT_MEMBER(R, bool, FindName, (const CString&, K));
+    EXPECT_MEMBER(R, bool, FindFlag, (const CString&, K));
+    EXPECT_MEMBER(R, bool, GetSysKey, (const CString&, CString&, K));
+    EXPECT_MEMBER(R, bool, GetSysLocalName, (const CString&, CString&, K));
+    EXPECT_MEMBER(R, bool, GetAllSystemName, (CStringArray&, K));
+    EXPECT_MEMBER(R, bool, GetAllSystemName, (QoArray<CString>&, K));
+    EXPECT_MEMBER(R, bool, GetAllFlag, (CStringArray&, K));
+    EXPECT_MEMBER(R, CString, GetFlagWithSysname, (const CString&, K));
+    EXPECT_MEMBER(R, bool, AddSystem, (const CString&, const CString&, const CString&, CString, K));
+    EXPECT_MEMBER(R, bool, DelSystem, (const CString&, K));
+    EXPECT_CONST_MEMBER(R, CString, GetLayerComment, (const CString&));
+    EXPECT_CONST_MEMBER(R, bool, GetLayerProp, (const CString&, QoHvacEntProperty&));
+    EXPECT_CONST_MEMBER(R, CString, SearchUserDefineSys, (const CString&, QoDtDictionary*));
+    EXPECT_CONST_MEMBER(R, CString, TransUserLayerToSys, (const CString&));
+    EXPECT_MEMBER(R, void, InitialSysUserComparison, (QoDtDictionary*));
+    EXPECT_MEMBER(R, void, ReReadSysUserComparison, ());
+    bool (*allNames)(CStringArray&, K) = &HVAC::GetAllSystemName;
+    EXPECT_TRUE(allNames != nullptr);
+}
