@@ -432,3 +432,105 @@ TEST(ExportedSignatures, DuctSystemRegister) {
     bool (*allNames)(CStringArray&, K) = &HVAC::GetAllSystemName;
     EXPECT_TRUE(allNames != nullptr);
 }
+
+TEST(ExportedSignatures, ComponentSettings) {
+    using K = HVAC::EQoDbHvacSystemType;
+
+    using F = QoHvacDuctFlangeManager;
+    QoHvacDuctFlangeManager* (*flanges)() = &F::GetInstance;
+    EXPECT_TRUE(flanges != nullptr);
+    EXPECT_CONST_MEMBER(F, F::EFlangeStyle, GetFlangeType, ());
+    EXPECT_CONST_MEMBER(F, QoDbHvacDuctFlange::EFlangeType, GetFlangeEntityType, ());
+    EXPECT_CONST_MEMBER(F, bool, GetSearlarType, ());
+    EXPECT_CONST_MEMBER(F, double, GetDefaultOffset, ());
+    EXPECT_MEMBER(F, void, SetDefaultOffset, (double));
+    EXPECT_CONST_MEMBER(F, int, GetSizeSetNum, ());
+    EXPECT_CONST_MEMBER(F, double, GetEndRange, (int));
+    EXPECT_CONST_MEMBER(F, double, GetStartRange, (int));
+    EXPECT_CONST_MEMBER(F, double, GetOffset, (int));
+    EXPECT_CONST_MEMBER(F, double, GetOffset, (double));
+    EXPECT_MEMBER(F, void, AddSizeSet, (double, double));
+    EXPECT_MEMBER(F, void, AddItem, ());
+    EXPECT_MEMBER(F, bool, DelItem, (double));
+    EXPECT_MEMBER(F, void, ResetSize, ());
+    EXPECT_MEMBER(F, bool, ChangeOffset, (double, double));
+    EXPECT_MEMBER(F, bool, SetLastEndRange, (double));
+    EXPECT_MEMBER(F, bool, ChangeEndRange, (double, double));
+    EXPECT_MEMBER(F, bool, ChangeStartRange, (double, double));
+    EXPECT_MEMBER(F, void, ReadFromDict, ());
+    EXPECT_MEMBER(F, void, SaveToDict, ());
+
+    using W = QoHvacWTFlangeManager;
+    QoHvacWTFlangeManager* (*water)() = &W::GetInstance;
+    EXPECT_TRUE(water != nullptr);
+    EXPECT_CONST_MEMBER(W, QoList<SFlangeExtrudeData>, GetFlangeData, (K));
+    EXPECT_MEMBER(W, void, SetFlangeData, (QoList<SFlangeExtrudeData>, K));
+    EXPECT_MEMBER(W, void, AddExtrudeData, (const SFlangeExtrudeData&, K));
+    EXPECT_MEMBER(W, void, Clear, (K));
+    EXPECT_MEMBER(W, void, Sort, (K));
+    EXPECT_CONST_MEMBER(W, double, GetThickness, (double, K));
+    EXPECT_CONST_MEMBER(W, double, GetExrtude, (double, K));
+    EXPECT_CONST_MEMBER(W, double, GetKTThickness, (double));
+    EXPECT_CONST_MEMBER(W, double, GetKTExrtude, (double));
+    EXPECT_MEMBER(W, void, SaveToDict, (K));
+    EXPECT_MEMBER(W, void, ReadFromDict, (K));
+
+    using V = ZefraVRVPipeDiameterManager;
+    ZefraVRVPipeDiameterManager* (*vrv)() = &V::GetInstance;
+    EXPECT_TRUE(vrv != nullptr);
+    EXPECT_CONST_MEMBER(V, QoList<double>, GetListData, (bool));
+    EXPECT_MEMBER(V, void, SetListData, (QoList<double>, bool));
+    EXPECT_MEMBER(V, void, ReadFromDict, ());
+    EXPECT_MEMBER(V, void, SaveToDict, ());
+
+    using T = QoHvacDuctFitManager;
+    QoHvacDuctFitManager* (*fits)() = &T::GetInstance;
+    EXPECT_TRUE(fits != nullptr);
+    EXPECT_MEMBER(T, bool, ReadData, ());
+    EXPECT_MEMBER(T, bool, SaveData, ());
+    EXPECT_MEMBER(T, bool, SetDefaultFitData, (const SHvacDuctElbowData&, bool, bool));
+    EXPECT_MEMBER(T, bool, SetDefaultFitData, (const SHvacDuctTransData&, bool, bool));
+    EXPECT_MEMBER(T, bool, SetDefaultFitData, (const SHvacDuctOffsetData&, bool, bool));
+    EXPECT_MEMBER(T, bool, SetDefaultFitData, (const SHvacDuctTeeData&, bool, bool));
+    EXPECT_MEMBER(T, bool, SetDefaultFitData, (const SHvacDuctCrossData&, bool, bool));
+    EXPECT_CONST_MEMBER(T, QoArray<int>, GetAllElbowType, ());
+    EXPECT_CONST_MEMBER(T, QoArray<int>, GetAllTransType, ());
+    EXPECT_CONST_MEMBER(T, QoArray<int>, GetAllOffsetType, ());
+    EXPECT_CONST_MEMBER(T, QoArray<int>, GetAllTeeType, ());
+    EXPECT_CONST_MEMBER(T, QoArray<int>, GetAllCrossType, ());
+    EXPECT_MEMBER(T, CString, GetElbowNameWithType, (int));
+    EXPECT_MEMBER(T, CString, GetTransNameWithType, (int));
+    EXPECT_MEMBER(T, CString, GetOffsetNameWithType, (int));
+    EXPECT_MEMBER(T, CString, GetTeeNameWithType, (int));
+    EXPECT_CONST_MEMBER(T, CString, GetCrossNameWithType, (int));
+
+    using D = QoHvacDuctDisplayManager;
+    QoHvacDuctDisplayManager* (*display)() = &D::GetInstance;
+    EXPECT_TRUE(display != nullptr);
+    EXPECT_MEMBER(D, void, ReadFromDict, (K));
+    EXPECT_MEMBER(D, void, SaveToDict, (K));
+    EXPECT_MEMBER(D, void, SetDataToQoDb, (K));
+    EXPECT_MEMBER(D, void, ModiftAll, (bool, K));
+    EXPECT_CONST_MEMBER(D, int, GetLineType, (K));
+
+    using C = QoHvacDuctCalculateManager;
+    QoHvacDuctCalculateManager* (*conditions)() = &C::GetInstance;
+    EXPECT_TRUE(conditions != nullptr);
+    EXPECT_MEMBER(C, void, ReadFromDict, ());
+    EXPECT_MEMBER(C, void, SaveToDict, ());
+
+    using S = QoHvacDrawSetManager;
+    QoHvacDrawSetManager* (*draw)() = &S::GetInstance;
+    EXPECT_TRUE(draw != nullptr);
+    EXPECT_MEMBER(S, SHvacDrawSetData&, GetDrawSetData, (K));
+    EXPECT_MEMBER(S, SHvacDrawSetData&, GetKTDrawSetData, ());
+    EXPECT_MEMBER(S, SHvacDrawSetData&, GetCnDrawSetData, ());
+    EXPECT_MEMBER(S, void, SetDrawSetData, (const SHvacDrawSetData&, K));
+    EXPECT_MEMBER(S, SHvacRadDrawSetData&, GetRadDrawSetData, ());
+    EXPECT_MEMBER(S, void, SetRadDrawSetData, (const SHvacRadDrawSetData&));
+    EXPECT_MEMBER(S, AcDbObjectId, GetLabelTextStyle, (K));
+    EXPECT_MEMBER(S, void, ReadFromDict, (K));
+    EXPECT_MEMBER(S, void, SaveToDict, (K));
+    EXPECT_MEMBER(S, void, ReadUnifiedData, (SHvacDrawSetData&));
+    EXPECT_MEMBER(S, void, SaveUnifiedData, (const SHvacDrawSetData&));
+}
