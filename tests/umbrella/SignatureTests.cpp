@@ -534,3 +534,74 @@ TEST(ExportedSignatures, ComponentSettings) {
     EXPECT_MEMBER(S, void, ReadUnifiedData, (SHvacDrawSetData&));
     EXPECT_MEMBER(S, void, SaveUnifiedData, (const SHvacDrawSetData&));
 }
+
+namespace {
+// What the two return-air schemes share.
+template <typename S, typename Given, typename Type>
+void ExpectReturnAirScheme() {
+    EXPECT_MEMBER(S, bool, Calculate, ());
+    EXPECT_MEMBER(S, bool, Cal_Xj_Process, ());
+    EXPECT_MEMBER(S, bool, Cal_Dj_Process, ());
+    EXPECT_MEMBER(S, bool, SaveXml, (QoDtDictionary*));
+    EXPECT_MEMBER(S, bool, ReadXml, (QoDtDictionary*));
+    EXPECT_MEMBER(S, void, SetGivenData, (const Given&));
+    EXPECT_CONST_MEMBER(S, Given, GetGivenData, ());
+#define EXPECT_POINT(Name)                                   \
+    EXPECT_CONST_MEMBER(S, ZefraHDGPoint, GetPoint##Name, ()); \
+    EXPECT_MEMBER(S, void, SetPoint##Name, (const ZefraHDGPoint&))
+    EXPECT_POINT(N);
+    EXPECT_POINT(W);
+    EXPECT_POINT(N1);
+    EXPECT_POINT(W1);
+    EXPECT_POINT(C);
+    EXPECT_POINT(L);
+    EXPECT_POINT(K);
+    EXPECT_POINT(O);
+#undef EXPECT_POINT
+#define EXPECT_GIVEN(Name, Type_)                    \
+    EXPECT_CONST_MEMBER(S, Type_, Get##Name, ());    \
+    EXPECT_MEMBER(S, void, Set##Name, (Type_))
+    EXPECT_GIVEN(Qn, double);
+    EXPECT_GIVEN(Mw, double);
+    EXPECT_GIVEN(SfGdWs, double);
+    EXPECT_GIVEN(HfGdWs, double);
+    EXPECT_GIVEN(ptL_RH, double);
+    EXPECT_GIVEN(FreshAirType, int);
+    EXPECT_GIVEN(FreshAirRatio, double);
+    EXPECT_GIVEN(Gw, double);
+    EXPECT_GIVEN(Go, double);
+    EXPECT_GIVEN(SfWc, double);
+#undef EXPECT_GIVEN
+    EXPECT_CONST_MEMBER(S, Type, GetCalPriRetAirType, ());
+    EXPECT_MEMBER(S, void, GetCalPriRetAirType, (Type));
+    for (auto result : {&S::GetGn, &S::GetQw, &S::GetQr, &S::GetQo, &S::GetQk, &S::GetQw1, &S::GetQl, &S::GetQp,
+                        &S::GetMww, &S::GetMwp}) {
+        double (S::*member)() const = result;
+        EXPECT_TRUE(member != nullptr);
+    }
+    EXPECT_CONST_MEMBER(S, double, GetHeatHumidityRatio, ());
+    EHvacHDGPointCalItemType (*kind)(const CString&) = &S::GetCalItemType;
+    CString (*text)(EHvacHDGPointCalItemType) = &S::GetCalItemTypeStr;
+    EXPECT_TRUE(kind != nullptr && text != nullptr);
+    using Points = CNTArray<ZefraHDGPoint, ZefraHDGPoint&>;
+    EXPECT_CONST_MEMBER(S, Points, GetAllPoint, ());
+    EXPECT_CONST_MEMBER(S, CString, GetAllPointText, ());
+    EXPECT_CONST_MEMBER(S, CString, GetAllText_G, ());
+    EXPECT_CONST_MEMBER(S, CString, GetAllText_Q, ());
+}
+}  // namespace
+
+TEST(ExportedSignatures, ReturnAirSchemes) {
+    using P = ZefraHDGPrimaryReturnAir;
+    ExpectReturnAirScheme<P, SHDGPrimaryReturnAirInfo, EHDGPriRetAirType>();
+    EXPECT_CONST_MEMBER(P, CString, GetAllText_Mw, ());
+
+    using S = ZefraHDGSecondaryReturnAir;
+    ExpectReturnAirScheme<S, SHDGSecondaryReturnAirInfo, EHDGSecRetAirType>();
+    EXPECT_CONST_MEMBER(S, ZefraHDGPoint, GetPointM, ());
+    EXPECT_MEMBER(S, void, SetPointM, (const ZefraHDGPoint&));
+    EXPECT_CONST_MEMBER(S, double, GetGr1, ());
+    EXPECT_CONST_MEMBER(S, double, GetGr2, ());
+    EXPECT_CONST_MEMBER(S, double, GetGo1, ());
+    EXPECT_CONST_MEMBER(S, CString, GetMwText_Mw, ());
+}
