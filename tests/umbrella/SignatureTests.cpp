@@ -605,3 +605,40 @@ TEST(ExportedSignatures, ReturnAirSchemes) {
     EXPECT_CONST_MEMBER(S, double, GetGo1, ());
     EXPECT_CONST_MEMBER(S, CString, GetMwText_Mw, ());
 }
+
+TEST(ExportedSignatures, FreeFunctionsOfTheDiscipline) {
+    using K = HVAC::EQoDbHvacSystemType;
+    bool (*separate)(const CString&, CString&, CString&) = &HVAC::SeparatePathAndItem;
+    bool (*getText)(const CString&, CString&) = &HVAC::GetDefaultValue;
+    bool (*getDouble)(const CString&, double&) = &HVAC::GetDefaultValue;
+    bool (*getInt)(const CString&, int&) = &HVAC::GetDefaultValue;
+    bool (*getBool)(const CString&, bool&) = &HVAC::GetDefaultValue;
+    bool (*setText)(const CString&, const CString&) = &HVAC::SetDefaultValue;
+    bool (*setDouble)(const CString&, double) = &HVAC::SetDefaultValue;
+    bool (*setInt)(const CString&, int) = &HVAC::SetDefaultValue;
+    bool (*setBool)(const CString&, bool) = &HVAC::SetDefaultValue;
+    void (*save)() = &HVAC::SaveConfigData;
+    bool (*getSpace)(double&, CString&) = &HVAC::GetHvacSpaceInfoFromConfig;
+    bool (*setSpace)(double, const CString&) = &HVAC::SetHvacSpaceInfoToConfig;
+    bool (*spaceToDwg)(bool) = &HVAC::SetConfigHvacSpaceInfoToCurDwg;
+    HVAC::ECustomProject (*project)() = &HVAC::GetCustomProject;
+    CString (*layerKey)(K) = &HVAC::GetSysLayerKey;
+    EXPECT_TRUE(separate && getText && getDouble && getInt && getBool && setText && setDouble && setInt && setBool &&
+                save && getSpace && setSpace && spaceToDwg && project && layerKey);
+
+    void (*duct)(QoDbHvacDuct*, const CString&, bool) = &HVAC::SetHvacEntLayer;
+    void (*ductFitting)(QoDbHvacDuctFitting*, const CString&, bool) = &HVAC::SetHvacEntLayer;
+    void (*equipment)(QoDbHvacEquipment*, const CString&, bool) = &HVAC::SetHvacEntLayer;
+    void (*ductValve)(QoDbHvacDuctValve*, const CString&, bool) = &HVAC::SetHvacEntLayer;
+    void (*label)(QoDbHvacLabel*, const CString&, bool) = &HVAC::SetHvacEntLayer;
+    void (*terminal)(QoDbHvacTerminal*, const CString&, bool) = &HVAC::SetHvacEntLayer;
+    void (*pipe)(QoDbHvacPipe*, const CString&, bool, K) = &HVAC::SetHvacEntLayer;
+    void (*fitting)(QoDbHvacFitting*, const CString&, bool, K) = &HVAC::SetHvacEntLayer;
+    void (*pipeLabel)(QoDbHvacPipeLabel*, const CString&, bool, K) = &HVAC::SetHvacEntLayer;
+    void (*pipeEquipment)(QoDbHvacPipeEquipment*, const CString&, int, bool, K) = &HVAC::SetHvacEntLayer;
+    void (*valve)(QoDbHvacValve*, const CString&, int, bool, K) = &HVAC::SetHvacEntLayer;
+    void (*coil)(QoDbHvacCoilPipe*) = &HVAC::SetHvacEntLayer;
+    void (*telescope)(QoDbHvacTelescopeCase*) = &HVAC::SetHvacEntLayer;
+    EXPECT_TRUE(duct && ductFitting && equipment && ductValve && label && terminal && pipe && fitting && pipeLabel &&
+                pipeEquipment && valve && coil && telescope);
+}
