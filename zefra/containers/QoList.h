@@ -112,6 +112,7 @@ protected:
 
     // Grows by appending default elements; never shrinks. The cursor stays.
     void ReAllocate(int n) override;
+    void CopyToCur(const T& d) override { m_curNode->data = d; }
 
     static Node* NodeOf(const T* p) { return reinterpret_cast<Node*>(const_cast<T*>(p)); }
     void SetCursor(Node* node, int index) {
