@@ -29,6 +29,7 @@ bool QoDtConfigStore::Load(ETree tree) {
     std::string path;
     if (!QoDtFileSearch::Find(QoDtTextCodec::ToUtf8(FileName(tree)), path)) {
         slot.state = eFileMissing;
+        slot.tree.ForgetSourceFile();
         return false;
     }
     const CString found = QoDtTextCodec::FromUtf8(path);

@@ -96,6 +96,7 @@ public:
     // the encoding it was read in; empty if none.
     std::string GetSourceFile() const { return m_source ? m_source->path : std::string(); }
     std::string GetSourceEncoding() const { return m_source ? m_source->encoding : std::string(); }
+    void ForgetSourceFile() { m_source.reset(); }
 
     // Exchanges the whole content with another dictionary.
     void Swap(QoDtDictionary& other);
