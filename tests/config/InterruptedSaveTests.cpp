@@ -58,14 +58,21 @@ TEST(ConfigInterruptedSaves, KilledSavesLeaveAWholeFileAndTheNextSaveClearsTheir
     std::mt19937 rng(24);
     int temporariesSeen = 0;
     for (int round = 1; round <= 25; ++round) {
+        int pipeEnds[2];
+        ASSERT_EQ(::pipe(pipeEnds), 0);
         const pid_t pid = ::fork();
         ASSERT_GE(pid, 0);
         if (pid == 0) {
             QoDtDictionary tree;
             FillLarge(tree, round);
+            if (::write(pipeEnds[1], "r", 1) != 1) ::_exit(1);
             for (;;) tree.SaveToXML(W(file), nullptr, true);
         }
-        ::usleep(std::uniform_int_distribution<useconds_t>(20000, 120000)(rng));
+        char ready = 0;
+        ASSERT_EQ(::read(pipeEnds[0], &ready, 1), 1);
+        ::close(pipeEnds[0]);
+        ::close(pipeEnds[1]);
+        ::usleep(std::uniform_int_distribution<useconds_t>(0, 60000)(rng));
         ::kill(pid, SIGKILL);
         int status = 0;
         ASSERT_EQ(::waitpid(pid, &status, 0), pid);
@@ -97,7 +104,7 @@ TEST(ConfigInterruptedSaves, ASignalEndsTheProgramWithoutLeavingItsTemporary) {
             QoDtDiskFile::InstallSignalCleanup();
             QoDtDictionary tree;
             FillLarge(tree, 1);
-            ::write(pipeEnds[1], "r", 1);
+            if (::write(pipeEnds[1], "r", 1) != 1) ::_exit(1);
             for (;;) tree.SaveToXML(W(file), nullptr, true);
         }
         char ready = 0;

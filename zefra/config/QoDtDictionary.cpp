@@ -242,9 +242,20 @@ int QoDtDictionary::GetDepth() const {
 }
 
 QoDtDictionary::~QoDtDictionary() {
-    // The children of every dictionary below are taken out before it is
-    // freed, so no destructor here ever frees a tree below it.
+    // Trees of ordinary depth are freed the plain way (in list order, which
+    // the block pool's next use likes best). Below 256 levels the children
+    // of every dictionary are taken out before it is freed, so no
+    // destructor there frees a tree below it: the stack stays bounded
+    // however deep the tree is.
+    constexpr int kPlainDepth = 256;
+    static thread_local int nesting = 0;
     if (children.GetLength() == 0) return;
+    if (nesting < kPlainDepth) {
+        ++nesting;
+        children.Reset();
+        --nesting;
+        return;
+    }
     std::vector<QoDtDictItem*> pending;
     children.ReleaseAll(pending);
     while (!pending.empty()) {
