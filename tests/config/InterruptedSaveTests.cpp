@@ -8,6 +8,7 @@
 #include "zefra/config/QoDtXmlFile.h"
 
 #include <csignal>
+#include <algorithm>
 #include <random>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -207,4 +208,24 @@ TEST(ConfigInterruptedSaves, TargetsThatMustNotBeReplacedAreRefused) {
         const configtest::CliResult device = RunZefra({"config", "get", "X", "--config", "/dev/zero"});
         EXPECT_EQ(device.exitCode, 2);
     }
+}
+
+TEST(ConfigInterruptedSaves, ASaveRemovesOnlyTheTemporariesOfProcessesThatAreGone) {
+    TempDir dir;
+    const pid_t dead = ::fork();
+    ASSERT_GE(dead, 0);
+    if (dead == 0) ::_exit(0);
+    ASSERT_EQ(::waitpid(dead, nullptr, 0), dead);
+    const std::string ofDead = ".History.xml.tmp-" + std::to_string(dead) + "-a1b2c3";
+    const std::string ofLiving = ".History.xml.tmp-" + std::to_string(::getppid()) + "-a1b2c3";
+    const std::string notOurs = ".notes.tmp-" + std::to_string(dead) + "-draft";
+    for (const std::string& name : {ofDead, ofLiving, notOurs}) WriteFile(dir.File(name), "partial");
+
+    QoDtDictionary tree;
+    ASSERT_TRUE(tree.SaveToXML(W(dir.File("Config.xml"))));
+    auto left = Temporaries(dir.Path());
+    std::sort(left.begin(), left.end());
+    std::vector<std::string> expected{ofLiving, notOurs};
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(left, expected);
 }

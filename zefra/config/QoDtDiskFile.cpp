@@ -204,17 +204,17 @@ std::string QoDtDiskFile::TemporaryPrefix(const std::string& target, long pid) {
 
 int QoDtDiskFile::RemoveStaleTemporaries(const std::string& target) {
     const std::string directory = DirectoryOf(target);
-    const std::string start = "." + BaseNameOf(target) + ".tmp-";
     DIR* dir = ::opendir(directory.c_str());
     if (dir == nullptr) return 0;
     int removed = 0;
     while (const dirent* entry = ::readdir(dir)) {
+        // .<name>.tmp-<pid>-XXXXXX, of any file in the directory
         const std::string name = entry->d_name;
-        if (name.compare(0, start.size(), start) != 0) continue;
-        // .<name>.tmp-<pid>-XXXXXX
+        const size_t mark = name.rfind(".tmp-");
+        if (name.empty() || name.front() != '.' || mark == std::string::npos || mark == 0) continue;
         char* end = nullptr;
-        const long pid = std::strtol(name.c_str() + start.size(), &end, 10);
-        if (pid <= 0 || end == nullptr || *end != '-') continue;
+        const long pid = std::strtol(name.c_str() + mark + 5, &end, 10);
+        if (pid <= 0 || end == nullptr || *end != '-' || std::strlen(end + 1) != 6) continue;
         if (pid == static_cast<long>(::getpid())) continue;
         if (::kill(static_cast<pid_t>(pid), 0) == 0 || errno != ESRCH) continue;
         if (::unlink((directory + "/" + name).c_str()) == 0) ++removed;

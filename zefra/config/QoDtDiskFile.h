@@ -48,8 +48,8 @@ public:
     // followed, so the link stays and its target gets the content (also a
     // link whose target doesn't exist yet). The file keeps its permissions; a
     // new file gets rw-r--r--. A read-only file, or a target that isn't a
-    // regular file, is refused. Temporaries left by dead processes for the
-    // same file are removed first.
+    // regular file, is refused. Temporaries left in the directory by dead
+    // processes are removed first.
     static bool WriteAtomically(const std::string& path, std::string_view bytes, std::string& error,
                                 const Check& check = Check());
     // The file a write to `path` replaces: the end of a chain of symbolic
@@ -59,8 +59,8 @@ public:
     // "/dir/.Config.xml.tmp-<pid>-": how the temporaries of a write to
     // `target` by the process `pid` begin.
     static std::string TemporaryPrefix(const std::string& target, long pid);
-    // Removes the temporaries of `target` whose process is gone; gives how
-    // many were removed.
+    // Removes the temporaries in the directory of `target` (of any file)
+    // whose process is gone; gives how many were removed.
     static int RemoveStaleTemporaries(const std::string& target);
 
     // For programs: on SIGINT, SIGTERM and SIGHUP the temporary of a save
