@@ -106,9 +106,9 @@ TEST(ConfigEncodings, InvalidBytesAreRefusedWithThePlaceAndTheBytes) {
     } const cases[] = {
         {"GBK bytes under a UTF-8 declaration",
          Declared("UTF-8").replace(Declared("UTF-8").find("名称"), std::strlen("名称"), gbkName),
-         "invalid bytes for UTF-8 at line 5, column 47: 0xC3"},
+         "invalid bytes for UTF-8 at line 5, column 47: 0xC3 0xFB 0xB3 0xC6"},
         {"GBK bytes with no declaration", "<zefra-config format=\"1\"><dict name=\"" + gbkName + "\"/></zefra-config>",
-         "invalid bytes for UTF-8 at line 1, column 38: 0xC3"},
+         "invalid bytes for UTF-8 at line 1, column 38: 0xC3 0xFB 0xB3 0xC6"},
         {"a UTF-8 surrogate", Declared("UTF-8").insert(Declared("UTF-8").find("名称"), "\xED\xA0\x80"),
          "line 5, column 47: 0xED 0xA0"},
         {"an overlong UTF-8 form", "<zefra-config format=\"1\">\xC0\xAF</zefra-config>", "column 26: 0xC0"},

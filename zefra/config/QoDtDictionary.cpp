@@ -389,9 +389,8 @@ bool QoDtDictionary::SaveToXML(const wchar_t* file, CString* message, bool overw
         }
         const std::string stem = target + "." + QoDtTextEncoding::FileSuffix(source->encoding);
         std::string backup = stem + ".bak";
-        for (int n = 2; QoDtDiskFile::Exists(backup) || QoDtDiskFile::IdentityOf(backup).exists; ++n)
-            backup = stem + "." + std::to_string(n) + ".bak";
-        if (!QoDtDiskFile::WriteAtomically(backup, original, cause)) {
+        for (int n = 2; QoDtDiskFile::IdentityOf(backup).exists; ++n) backup = stem + "." + std::to_string(n) + ".bak";
+        if (!QoDtDiskFile::WriteNew(backup, original, cause)) {
             cause = "cannot keep the original file: " + cause;
             return false;
         }

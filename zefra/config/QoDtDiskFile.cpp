@@ -289,6 +289,22 @@ bool QoDtDiskFile::WriteAtomically(const std::string& path, std::string_view byt
     return true;
 }
 
+bool QoDtDiskFile::WriteNew(const std::string& path, std::string_view bytes, std::string& error) {
+    FileDescriptor fd(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
+    if (fd.Get() < 0) {
+        error = Cause("cannot create", path);
+        return false;
+    }
+    bool ok = WriteAll(fd.Get(), bytes) && ::fsync(fd.Get()) == 0;
+    if (!ok) error = Cause("cannot write", path);
+    if (!fd.Close() && ok) {
+        error = Cause("cannot close", path);
+        ok = false;
+    }
+    if (!ok) ::unlink(path.c_str());
+    return ok;
+}
+
 void QoDtDiskFile::InstallSignalCleanup() {
     struct sigaction action {};
     action.sa_handler = RemovePendingTemporaryAndDie;

@@ -52,6 +52,9 @@ public:
     // processes are removed first.
     static bool WriteAtomically(const std::string& path, std::string_view bytes, std::string& error,
                                 const Check& check = Check());
+    // Writes a new file, which must not exist yet, and flushes it; on a
+    // failure nothing is left. No lock: the name is the caller's alone.
+    static bool WriteNew(const std::string& path, std::string_view bytes, std::string& error);
     // The file a write to `path` replaces: the end of a chain of symbolic
     // links (which need not exist yet), else the path itself. False for a
     // loop or a chain too long.

@@ -135,13 +135,17 @@ bool QoDtTextEncoding::IsValidUtf8(const char* text, size_t size, size_t& badOff
         } else {
             badOffset = i;
             badLength = 1;
+            while (badLength < 4 && i + badLength < size && p[i + badLength] >= 0x80) ++badLength;
             return false;
         }
         size_t k = 1;
         for (; k <= need && i + k < size && (p[i + k] & 0xC0) == 0x80; ++k) cp = (cp << 6) | (p[i + k] & 0x3Fu);
         if (k <= need || cp < min || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) {
+            // The bytes shown: the bad sequence and the non-ASCII bytes
+            // that follow it, up to four.
             badOffset = i;
-            badLength = std::max<size_t>(1, std::min(k, need + 1));
+            badLength = 1;
+            while (badLength < 4 && i + badLength < size && p[i + badLength] >= 0x80) ++badLength;
             return false;
         }
         i += need + 1;
