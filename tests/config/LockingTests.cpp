@@ -124,3 +124,28 @@ TEST(ConfigLocking, ALinkAndItsTargetShareOneLock) {
     ASSERT_TRUE(viaLink.Acquire(dir.File("link.xml"), error)) << error;
     EXPECT_EQ(viaLink.LockPath(), file + ".lock");
 }
+
+TEST(ConfigLocking, EveryEditingCommandWaitsForTheLockAndGivesUpWithExitCodeTwo) {
+    TempDir dir;
+    const std::string file = dir.File("Config.xml");
+    const std::string shipped = ReadFile(std::string(ZEFRA_SOURCE_DATA_DIR) + "/Config.xml");
+    WriteFile(file, shipped);
+    QoDtFileLock held;
+    std::string error;
+    ASSERT_TRUE(held.Acquire(file, error)) << error;
+    const std::vector<std::vector<std::string>> commands = {
+        {"config", "set", "ZEFRA\\SPACE\\TEXTSIZE", "4"},
+        {"systems", "add", "--kind", "kt", "--key", "NEW", "--name", "新系统"},
+        {"systems", "del", "--kind", "kt", "--key", "NEW"},
+        {"flange", "add", "700", "45"},
+        {"flange", "del", "630"},
+    };
+    for (std::vector<std::string> command : commands) {
+        command.push_back("--config");
+        command.push_back(file);
+        const configtest::CliResult r = RunZefra(command, "ZEFRA_LOCK_TIMEOUT_MS=200");
+        EXPECT_EQ(r.exitCode, 2) << command[0] << " " << command[1] << ": " << r.err;
+        EXPECT_NE(r.err.find("its lock"), std::string::npos) << command[0] << " " << command[1] << ": " << r.err;
+    }
+    EXPECT_EQ(ReadFile(file), shipped);
+}
