@@ -60,6 +60,31 @@ TEST(ConfigSaveTarget, AfterAChangeOfDirectoryTheSaveGoesToTheFileTheTreeCameFro
     LoadConfigData();
 }
 
+TEST(ConfigSaveTarget, RememberedValuesAreSavedToTheHistoryTheyCameFrom) {
+    IsolatedSearch search;
+    const std::string own = search.ConfigDir().File("History.xml");
+    WriteFile(own, kForeign);
+    ASSERT_TRUE(LoadHistoryData());
+    TempDir elsewhere;
+    WriteFile(elsewhere.File("History.xml"), kForeign);
+    configtest::fs::current_path(elsewhere.Path());
+    ::setenv("ZEFRA_CONFIG_DIR", elsewhere.Path().c_str(), 1);
+
+    ASSERT_TRUE(HVAC::SetDefaultValue(W("DLG\\WIDTH"), 42));
+    EXPECT_EQ(ReadFile(elsewhere.File("History.xml")), kForeign);
+    QoDtDictionary saved;
+    ASSERT_TRUE(saved.LoadFromXML(W(own)));
+    int width = 0;
+    EXPECT_TRUE(saved.GetValue(W("DLG\\WIDTH"), width));
+    EXPECT_EQ(width, 42);
+
+    ::setenv("ZEFRA_CONFIG_DIR", search.ConfigDir().Path().c_str(), 1);
+    configtest::fs::current_path(search.WorkDir().Path());
+    g_dictHistoryData.children.Reset();
+    configtest::fs::remove(own);
+    LoadHistoryData();
+}
+
 TEST(ConfigSaveTarget, ASaveOverAFileAnotherProgramChangedIsRefusedUnlessForced) {
     TempDir dir;
     const std::string file = dir.File("Config.xml");
