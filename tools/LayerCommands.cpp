@@ -458,6 +458,7 @@ void RegisterLayerCommands(CLI::App& app) {
     add->add_option("--config", sys->file, fileHelp);
     add->callback([sys] {
         const EQoDbHvacSystemType kind = ParseKind(sys->kind);
+        const ConfigEditLock lock(sys->file);
         LayerConfig config(sys->file);
         AddSystem(config, kind, sys->add);
     });
@@ -468,6 +469,7 @@ void RegisterLayerCommands(CLI::App& app) {
     del->add_option("--config", sys->file, fileHelp);
     del->callback([sys] {
         const EQoDbHvacSystemType kind = ParseKind(sys->kind);
+        const ConfigEditLock lock(sys->file);
         LayerConfig config(sys->file);
         DeleteSystem(config, kind, sys->key);
     });

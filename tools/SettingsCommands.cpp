@@ -389,6 +389,7 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     setEnd->add_option("row-end", args->first, "the present upper bound of the row")->required();
     setEnd->add_option("new-end", args->second, "its new upper bound")->required();
     setEnd->callback([args] {
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         const int row = RowEndingAt(table, args->first);
@@ -403,6 +404,7 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     setStart->add_option("row-end", args->first, "the upper bound of the row")->required();
     setStart->add_option("new-start", args->second, "its new lower bound")->required();
     setStart->callback([args] {
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         // Checked first: the table would otherwise keep the new bound.
@@ -420,6 +422,7 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     add->callback([args, add] {
         const size_t given = add->count("end") + add->count("offset");
         if (given == 1) throw UsageError("give both END and OFFSET, or neither");
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         if (given == 0)
@@ -432,6 +435,7 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     CLI::App* del = flange.add_subcommand("del", "remove the row ending at END; the row above takes over its sizes");
     del->add_option("end", args->first, "upper bound of the row")->required();
     del->callback([args] {
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         if (!table.DelItem(args->first)) NoRowEndingAt(args->first);
@@ -442,6 +446,7 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     setOffset->add_option("end", args->first, "upper bound of the row")->required();
     setOffset->add_option("offset", args->second, "the new offset")->required();
     setOffset->callback([args] {
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         if (!table.ChangeOffset(args->second, args->first)) NoRowEndingAt(args->first);
@@ -451,6 +456,7 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     CLI::App* setLast = flange.add_subcommand("set-last", "make END the end of the table, cutting or extending it");
     setLast->add_option("end", args->first, "the new last upper bound")->required();
     setLast->callback([args] {
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         table.SetLastEndRange(args->first);
