@@ -109,7 +109,9 @@ bool QoHvacDuctFlangeManager::AddItem() {
             last = row->first;
         }
     }
-    return AddSizeSet(last + step, m_defaultOffset);
+    // Near the largest numbers the sum may not lie above the last end.
+    const double end = last + step;
+    return end > last && AddSizeSet(end, m_defaultOffset);
 }
 
 bool QoHvacDuctFlangeManager::DelItem(double endRange) {

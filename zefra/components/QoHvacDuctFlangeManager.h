@@ -63,7 +63,8 @@ public:
     // Inserts the row, replacing one with the same end range.
     bool AddSizeSet(double endRange, double offset);
     // Appends a row as wide as the last one (200 for the first rows) with
-    // the default offset; false if its end would not be finite.
+    // the default offset; false if its end would not be a finite number
+    // above the last one.
     bool AddItem();
     bool DelItem(double endRange);
     void ResetSize() { m_sizeSet.clear(); }
