@@ -8,6 +8,12 @@
 // (to a file that replaces the old one durably: temporary file, fsync,
 // rename, fsync of the directory). PugiSave is pugixml's plain save_file,
 // which leaves the data in the page cache.
+//
+// Crafted files against ordinary files of about the same size: one element
+// with 80,000 attributes (LoadManyAttributes / LoadManyRows), and 100,000
+// or 200,000 sibling keys chosen to crowd one stretch of the child index as
+// it was hashed before its hash was keyed (LoadCrowdedKeys / LoadPlainKeys;
+// each load ends with a look-up, which builds the index).
 
 #include "zefra/config/QoDtDictOptionItem.h"
 #include "zefra/config/QoDtDictionary.h"
@@ -17,6 +23,8 @@
 #include <pugixml.hpp>
 
 #include <cmath>
+#include <cstdint>
+#include <fstream>
 #include <cstdio>
 #include <fcntl.h>
 #include <malloc.h>
@@ -90,7 +98,10 @@ struct Fixture {
         tree.SaveToXML(CString::FromUtf8(file));
     }
     ~Fixture() {
-        for (const std::string& f : {file, scratch, pugiScratch, pugiScratch + ".tmp"}) std::remove(f.c_str());
+        for (const std::string& f : {file, scratch, pugiScratch, pugiScratch + ".tmp"}) {
+            std::remove(f.c_str());
+            std::remove((f + ".lock").c_str());
+        }
         ::rmdir(file.substr(0, file.rfind('/')).c_str());
     }
 };
@@ -221,3 +232,125 @@ void BM_Config_GetValue(benchmark::State& state) {
 BENCHMARK(BM_Config_GetValue)->ArgName("wide")->Arg(0)->Arg(1);
 
 }  // namespace
+
+// ---- crafted files ---------------------------------------------------------
+
+namespace {
+
+struct CraftedFiles {
+    std::string directory;
+    std::string manyAttributes;
+    std::string manyRows;
+    std::string crowded[2];
+    std::string plain[2];
+
+    static std::string Head() {
+        return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<zefra-config format=\"1\">\n<dict name=\"\">\n";
+    }
+    static std::string Tail() { return "</dict>\n</zefra-config>\n"; }
+
+    static void Write(const std::string& path, const std::string& text) {
+        std::ofstream(path, std::ios::binary) << text;
+    }
+
+    // The child index's hash before it was keyed: FNV-1a, folded.
+    static size_t OldHash(const std::string& key) {
+        uint64_t h = 14695981039346656037ull;
+        for (const char c : key) {
+            h ^= static_cast<uint32_t>(static_cast<unsigned char>(c));
+            h *= 1099511628211ull;
+        }
+        return static_cast<size_t>(h ^ (h >> 29));
+    }
+
+    // `count` keys whose old slots all fall in the first sixteenth of the
+    // table the old index took for them: one probe run through them all.
+    static std::string Crowded(size_t count) {
+        size_t capacity = 16;
+        while (capacity < count * 2) capacity *= 2;
+        std::string text = Head();
+        size_t made = 0;
+        for (uint64_t n = 0; made < count; ++n) {
+            const std::string key = "HVAC-" + std::to_string(n);
+            if ((OldHash(key) & (capacity - 1)) >= capacity / 16) continue;
+            text += "<int name=\"" + key + "\">1</int>\n";
+            ++made;
+        }
+        return text + Tail();
+    }
+
+    static std::string Plain(size_t count, size_t size) {
+        std::string text = Head();
+        for (size_t i = 0; i < count; ++i) text += "<int name=\"HVAC-" + std::to_string(i) + "\">1</int>\n";
+        text += Tail();
+        if (text.size() < size) text.insert(text.size() - Tail().size(), size - text.size(), ' ');
+        return text;
+    }
+
+    CraftedFiles() {
+        directory = "/tmp/zefra-config-crafted-" + std::to_string(::getpid());
+        ::mkdir(directory.c_str(), 0755);
+        std::string text = Head() + "<item name=\"r\"";
+        for (int i = 0; i < 80000; ++i) text += " attribute" + std::to_string(i) + "=\"" + std::to_string(i) + "\"";
+        text += "/>\n" + Tail();
+        manyAttributes = directory + "/attributes.xml";
+        Write(manyAttributes, text);
+        const size_t size = text.size();
+        text = Head();
+        for (int i = 0; text.size() + Tail().size() < size; ++i)
+            text += "<item name=\"" + std::to_string(i) + "\" endrange=\"" + std::to_string(i * 10) + "\" offset=\"40\"/>\n";
+        manyRows = directory + "/rows.xml";
+        Write(manyRows, text + Tail());
+        const size_t counts[2] = {100000, 200000};
+        for (int k = 0; k < 2; ++k) {
+            crowded[k] = directory + "/crowded" + std::to_string(counts[k]) + ".xml";
+            const std::string crowdedText = Crowded(counts[k]);
+            Write(crowded[k], crowdedText);
+            plain[k] = directory + "/plain" + std::to_string(counts[k]) + ".xml";
+            Write(plain[k], Plain(counts[k], crowdedText.size()));
+        }
+    }
+    ~CraftedFiles() {
+        for (const std::string& f : {manyAttributes, manyRows, crowded[0], crowded[1], plain[0], plain[1]})
+            std::remove(f.c_str());
+        ::rmdir(directory.c_str());
+    }
+};
+
+CraftedFiles& Crafted() {
+    Data();  // the same memory settings
+    static CraftedFiles files;
+    return files;
+}
+
+void LoadAndLookUp(benchmark::State& state, const std::string& path) {
+    const CString file = CString::FromUtf8(path);
+    struct stat info {};
+    ::stat(path.c_str(), &info);
+    for (auto _ : state) {
+        QoDtDictionary tree;
+        if (!tree.LoadFromXML(file)) state.SkipWithError("load failed");
+        benchmark::DoNotOptimize(tree.FindItem(L"HVAC-none"));
+        const QoDtDictItem* row = tree.FindItem(L"r");
+        if (row != nullptr) benchmark::DoNotOptimize(row->GetAttributeValue(L"attribute79999"));
+    }
+    state.counters["bytes"] = static_cast<double>(info.st_size);
+}
+
+}  // namespace
+
+void BM_Config_LoadManyAttributes(benchmark::State& state) { LoadAndLookUp(state, Crafted().manyAttributes); }
+BENCHMARK(BM_Config_LoadManyAttributes)->Unit(benchmark::kMillisecond);
+
+void BM_Config_LoadManyRows(benchmark::State& state) { LoadAndLookUp(state, Crafted().manyRows); }
+BENCHMARK(BM_Config_LoadManyRows)->Unit(benchmark::kMillisecond);
+
+void BM_Config_LoadCrowdedKeys(benchmark::State& state) {
+    LoadAndLookUp(state, Crafted().crowded[state.range(0) == 200000 ? 1 : 0]);
+}
+BENCHMARK(BM_Config_LoadCrowdedKeys)->Arg(100000)->Arg(200000)->Unit(benchmark::kMillisecond);
+
+void BM_Config_LoadPlainKeys(benchmark::State& state) {
+    LoadAndLookUp(state, Crafted().plain[state.range(0) == 200000 ? 1 : 0]);
+}
+BENCHMARK(BM_Config_LoadPlainKeys)->Arg(100000)->Arg(200000)->Unit(benchmark::kMillisecond);

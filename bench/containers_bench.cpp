@@ -325,3 +325,46 @@ void BM_Cont_MoveToDList(benchmark::State& state) { MoveToRandomIndexes<QoDList<
 BENCHMARK(BM_Cont_MoveToDList)->Arg(1000)->Arg(10000)->Arg(100000)->Arg(1000000);
 
 }  // namespace
+
+// --- Copying -------------------------------------------------------------------
+// Every copy goes element by element through the copy hook of the base, so
+// that the owning containers can copy their pointees.
+
+void BM_Cont_CopyVector(benchmark::State& state) {
+    const std::vector<double> source = RandomValues(kCount);
+    for (auto _ : state) {
+        std::vector<double> copy(source);
+        benchmark::DoNotOptimize(copy.data());
+    }
+}
+BENCHMARK(BM_Cont_CopyVector);
+
+void BM_Cont_CopyDynArray(benchmark::State& state) {
+    QoDynArray<double> source(kCount);
+    Fill(source, kCount);
+    for (auto _ : state) {
+        QoDynArray<double> copy(source);
+        benchmark::DoNotOptimize(copy.GetFirst());
+    }
+}
+BENCHMARK(BM_Cont_CopyDynArray);
+
+void BM_Cont_CopyStdList(benchmark::State& state) {
+    std::list<double> source;
+    for (int i = 0; i < kCount; ++i) source.push_back(i);
+    for (auto _ : state) {
+        std::list<double> copy(source);
+        benchmark::DoNotOptimize(&copy.front());
+    }
+}
+BENCHMARK(BM_Cont_CopyStdList);
+
+void BM_Cont_CopyDList(benchmark::State& state) {
+    QoDList<double> source;
+    Fill(source, kCount);
+    for (auto _ : state) {
+        QoDList<double> copy(source);
+        benchmark::DoNotOptimize(copy.GetFirst());
+    }
+}
+BENCHMARK(BM_Cont_CopyDList);

@@ -3,10 +3,12 @@
 
 #include <CLI/CLI.hpp>
 
+#include <memory>
 #include <stdexcept>
 #include <string>
 
 struct SHDGChartOverlay;
+class QoDtFileLock;
 
 namespace zefra::cli {
 
@@ -20,6 +22,21 @@ public:
 class CalculationError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
+};
+
+// Held by a command that loads, changes and saves the configuration, from
+// before the load to after the save: the write lock of the file of --config
+// (`chosen`), else of the file the search's Config.xml is saved to. Throws
+// UsageError when the lock isn't free within the bound.
+class ConfigEditLock {
+public:
+    explicit ConfigEditLock(const std::string& chosen);
+    ~ConfigEditLock();
+    ConfigEditLock(const ConfigEditLock&) = delete;
+    ConfigEditLock& operator=(const ConfigEditLock&) = delete;
+
+private:
+    std::unique_ptr<QoDtFileLock> m_lock;
 };
 
 // Each group of subcommands registers itself on the application.

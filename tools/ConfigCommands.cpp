@@ -2,6 +2,7 @@
 
 #include "Cli.h"
 
+#include "zefra/config/QoDtConfigEdit.h"
 #include "zefra/config/QoDtConfigStore.h"
 #include "zefra/config/QoDtDictBoolItem.h"
 #include "zefra/config/QoDtDictDoubleArrayItem.h"
@@ -24,20 +25,24 @@ namespace zefra::cli {
 
 namespace {
 
+// The file of --config (`chosen`), else the Config.xml the search finds.
+std::string ConfigPath(const std::string& chosen) {
+    if (!chosen.empty()) return chosen;
+    std::string path;
+    if (!QoDtFileSearch::Find(QoDtTextCodec::ToUtf8(QoDtConfigStore::FileName(QoDtConfigStore::eConfig)), path)) {
+        std::string searched;
+        for (const std::string& directory : QoDtFileSearch::SearchDirectories())
+            if (!directory.empty()) searched += "\n  " + directory;
+        throw UsageError("Config.xml not found; searched:" + searched);
+    }
+    return path;
+}
+
 // The configuration file a command works on, loaded.
 class ConfigFile {
 public:
     // `chosen` is the file of --config; empty means the usual search.
-    explicit ConfigFile(const std::string& chosen) : m_chosen(!chosen.empty()) {
-        if (m_chosen) {
-            m_path = chosen;
-        } else if (!QoDtFileSearch::Find(QoDtTextCodec::ToUtf8(QoDtConfigStore::FileName(QoDtConfigStore::eConfig)),
-                                         m_path)) {
-            std::string searched;
-            for (const std::string& directory : QoDtFileSearch::SearchDirectories())
-                if (!directory.empty()) searched += "\n  " + directory;
-            throw UsageError("Config.xml not found; searched:" + searched);
-        }
+    explicit ConfigFile(const std::string& chosen) : m_path(ConfigPath(chosen)) {
         CString message;
         if (!m_tree.LoadFromXML(QoDtTextCodec::FromUtf8(m_path), &message)) throw UsageError(message.ToUtf8());
     }
@@ -45,19 +50,7 @@ public:
     QoDtDictionary& Tree() { return m_tree; }
     const std::string& Path() const { return m_path; }
 
-    // Saves the way the system saves: a file of the search that is shipped
-    // data goes to the user's directory instead. Gives the file written.
-    std::string Save() const {
-        std::string target = m_path;
-        if (!m_chosen && !QoDtFileSearch::SavePath(m_path, "Config.xml", target))
-            throw UsageError("nowhere to save the configuration: set ZEFRA_CONFIG_DIR or HOME");
-        CString message;
-        if (!m_tree.SaveToXML(QoDtTextCodec::FromUtf8(target), &message)) throw UsageError(message.ToUtf8());
-        return target;
-    }
-
 private:
-    bool m_chosen;
     std::string m_path;
     QoDtDictionary m_tree;
 };
@@ -236,23 +229,29 @@ void StoreValue(QoDtDictionary& tree, const CString& path, const std::string& ty
     if (!stored) throw UsageError("could not store a value at '" + Utf8(path) + "'");
 }
 
-void Set(ConfigFile& file, const std::string& pathText, const std::string& valueText, const std::string& typeOption) {
+void Set(QoDtDictionary& tree, const std::string& file, const std::string& pathText, const std::string& valueText,
+         const std::string& typeOption) {
     const CString path = QoDtTextCodec::FromUtf8(pathText);
     const int separator = path.ReverseFind(L'\\');
     const CString parentPath = separator < 0 ? CString() : path.Left(separator);
-    if (separator >= 0 && file.Tree().FindDict(parentPath) == nullptr)
-        throw UsageError("no dictionary '" + Utf8(parentPath) + "' in " + file.Path());
+    if (separator >= 0 && tree.FindDict(parentPath) == nullptr)
+        throw UsageError("no dictionary '" + Utf8(parentPath) + "' in " + file);
     if (path.IsEmpty() || path[path.GetLength() - 1] == L'\\') throw UsageError("the path names no item");
-    const QoDtDictItem* existing = file.Tree().FindItem(path);
+    const QoDtDictItem* existing = tree.FindItem(path);
     if (existing != nullptr && existing->IsDict()) throw UsageError("'" + pathText + "' is a dictionary");
     std::string type = typeOption;
     if (type.empty()) type = existing != nullptr ? QoDtDictItem::GetTypeName(existing->GetType()) : "string";
-    StoreValue(file.Tree(), path, type, valueText);
-    const std::string saved = file.Save();
-    if (saved != file.Path()) std::cout << "saved to " << saved << "\n";
+    StoreValue(tree, path, type, valueText);
 }
 
 }  // namespace
+
+ConfigEditLock::ConfigEditLock(const std::string& chosen) : m_lock(std::make_unique<QoDtFileLock>()) {
+    std::string error;
+    if (!QoDtConfigEdit::Lock(chosen, *m_lock, error)) throw UsageError(error);
+}
+
+ConfigEditLock::~ConfigEditLock() = default;
 
 void RegisterConfigCommands(CLI::App& app) {
     CLI::App* config = app.add_subcommand("config", "show and change the configuration (Config.xml)");
@@ -303,8 +302,22 @@ void RegisterConfigCommands(CLI::App& app) {
         ->check(CLI::IsMember({"bool", "int", "double", "string"}));
     set->add_option("--config", options->file, fileHelp);
     set->callback([options] {
-        ConfigFile file(options->file);
-        Set(file, options->path, options->value, options->type);
+        // Loaded, changed and saved under the file's write lock, so that a
+        // change saved meanwhile by another program is kept. A file of the
+        // search that is shipped data is saved to the user's directory.
+        std::string target;
+        std::string error;
+        if (!QoDtConfigEdit::TargetOf(options->file, target, error)) throw UsageError(error);
+        std::string loaded;
+        const bool saved = QoDtConfigEdit::Run(
+            target,
+            [&](QoDtDictionary& tree, std::string&) {
+                Set(tree, loaded, options->path, options->value, options->type);
+                return true;
+            },
+            error, [&] { return loaded = ConfigPath(options->file); });
+        if (!saved) throw UsageError(error);
+        if (target != loaded) std::cout << "saved to " << target << "\n";
     });
 }
 

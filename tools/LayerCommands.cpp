@@ -100,7 +100,11 @@ public:
         if (!FindFile(QoDtConfigStore::FileName(QoDtConfigStore::eConfig), found) ||
             !QoDtConfigStore::SaveTarget(QoDtConfigStore::eConfig, found, target))
             throw UsageError("nowhere to save the configuration: set ZEFRA_CONFIG_DIR or HOME");
-        HVAC::SaveConfigData();
+        // HVAC::SaveConfigData's steps, with the result of the write checked.
+        g_dictCfg.children.MoveToFirst();
+        CString message;
+        if (!g_dictCfg.SaveToXML(target, &message))
+            throw UsageError("the configuration was not saved: " + Utf8(message));
         return Utf8(target);
     }
 
@@ -152,46 +156,106 @@ struct AddRequest {
     std::string value;
     std::string sample;
     std::string flag;
+    std::string newKey;  // rename only
+    std::string comment;
+    int color = 0;
+    std::string lineType;
 };
 
-void CheckName(const std::string& what, const std::string& text) {
-    if (text.empty()) throw UsageError(what + " must not be empty");
-    if (text.find('\\') != std::string::npos) throw UsageError(what + " must not contain a backslash");
+using SystemLook = QoHvacDuctLayerManager::SSystemLook;
+
+// The look and description options that the user gave.
+SystemLook LookOf(const CLI::App& command, const AddRequest& request) {
+    SystemLook look;
+    if (command.count("--linetype") > 0) look.lineType = Wide(request.lineType);
+    if (command.count("--color") > 0) look.colorIndex = request.color;
+    if (command.count("--comment") > 0) look.comment = Wide(request.comment);
+    if (command.count("--value") > 0) look.value = Wide(request.value);
+    return look;
 }
 
-void AddSystem(const LayerConfig& config, EQoDbHvacSystemType kind, const AddRequest& request) {
-    CheckName("the system key", request.key);
-    CheckName("the display name", request.name);
+// The name of the system that has the key, for messages.
+std::string NameOfKey(QoHvacDuctLayerManager& layers, const CString& key, EQoDbHvacSystemType kind) {
+    CString name;
+    layers.GetSysLocalName(key, name, kind);
+    return Utf8(name);
+}
+
+[[noreturn]] void RefuseEdit(QoHvacDuctLayerManager::ESystemEdit result, EQoDbHvacSystemType kind,
+                             const AddRequest& request, const std::string& keyGiven, const std::string& nameGiven) {
+    QoHvacDuctLayerManager& layers = *QoHvacDuctLayerManager::GetInstance();
+    const std::string of = " of kind " + KindText(kind);
+    switch (result) {
+        case QoHvacDuctLayerManager::eNoSystemList:
+            throw UsageError("the layer standard has no system list for kind " + KindText(kind));
+        case QoHvacDuctLayerManager::eUnknownSystem: throw UsageError("no system '" + request.key + "'" + of);
+        case QoHvacDuctLayerManager::eUnknownSample:
+            if (request.sample.empty()) throw UsageError("kind " + KindText(kind) + " has no system to copy the layers from");
+            throw UsageError("no system '" + request.sample + "'" + of + " to copy");
+        case QoHvacDuctLayerManager::eBadKey:
+            throw UsageError("the system key '" + keyGiven + "' must not be empty or hold '-' or a backslash");
+        case QoHvacDuctLayerManager::eBadName:
+            throw UsageError("the display name '" + nameGiven + "' must not be empty or hold a backslash");
+        case QoHvacDuctLayerManager::eKeyTaken:
+            throw UsageError("the key '" + keyGiven + "' belongs to system '" + NameOfKey(layers, Wide(keyGiven), kind) +
+                             "'" + of);
+        case QoHvacDuctLayerManager::eNameTaken: {
+            CString owner;
+            layers.GetSysKey(Wide(nameGiven), owner, kind);
+            throw UsageError("the name '" + nameGiven + "' belongs to system '" + Utf8(owner) + "'" + of);
+        }
+        case QoHvacDuctLayerManager::eBadLook: throw UsageError("--linetype must not be empty");
+        case QoHvacDuctLayerManager::eSystemEdited: break;
+    }
+    throw UsageError("the system could not be changed");
+}
+
+// Sets the system's flag in the kind's flag set, which the layer tree
+// doesn't hold.
+void StoreFlag(EQoDbHvacSystemType kind, const CString& key, const CString& name, const std::string& flagText) {
+    QoDtDictionary* flagSet = FlagSet(kind, true);
+    QoDtDictItem* item = flagSet ? flagSet->FindOrAddItem(key, QoDtDictItem::eDtString) : nullptr;
+    if (!item) throw UsageError("the flag could not be stored");
+    item->SetAttributeValue(L"flag", Wide(flagText));
+    if (item->GetType() == QoDtDictItem::eDtString) static_cast<QoDtDictStringItem*>(item)->value = name;
+}
+
+// A new key copies a sample of its kind; a key the kind has already is
+// renamed in place, keeping what isn't given.
+void AddSystem(const LayerConfig& config, EQoDbHvacSystemType kind, const AddRequest& request, const SystemLook& look) {
     QoHvacDuctLayerManager* layers = QoHvacDuctLayerManager::GetInstance();
     const CString key = Wide(request.key);
     const CString name = Wide(request.name);
-    const CString sample = Wide(request.sample);
-    layers->ReRead();
-    const QoDtDictionary* systems = layers->GetSysDefDict(kind);
-    if (!systems) throw UsageError("the layer standard has no system list for kind " + KindText(kind));
-    if (systems->children.GetLength() == 0 && sample.IsEmpty())
-        throw UsageError("kind " + KindText(kind) + " has no system to copy the layers from");
-    if (!sample.IsEmpty() && !layers->FindSystem(sample, kind))
-        throw UsageError("no system '" + request.sample + "' of kind " + KindText(kind) + " to copy");
-    // One display name a system: the name also names the layer group.
-    CString owner;
-    if (layers->GetSysKey(name, owner, kind) && owner != key)
-        throw UsageError("the name '" + request.name + "' belongs to system '" + Utf8(owner) + "'");
+    if (name.IsEmpty()) RefuseEdit(QoHvacDuctLayerManager::eBadName, kind, request, request.key, request.name);
     const bool existed = layers->FindSystem(key, kind);
-
-    if (!layers->AddSystem(key, name, Wide(request.value), sample, kind))
-        throw UsageError("the system could not be added");
-    if (!request.flag.empty()) {
-        QoDtDictionary* flagSet = FlagSet(kind, true);
-        QoDtDictItem* item = flagSet ? flagSet->FindOrAddItem(key, QoDtDictItem::eDtString) : nullptr;
-        if (!item) throw UsageError("the flag could not be stored");
-        item->SetAttributeValue(L"flag", Wide(request.flag));
-        if (item->GetType() == QoDtDictItem::eDtString) static_cast<QoDtDictStringItem*>(item)->value = name;
-    }
+    if (existed && !request.sample.empty())
+        throw UsageError("system '" + request.key + "' of kind " + KindText(kind) +
+                         " exists; --sample applies to a new system only");
+    const QoHvacDuctLayerManager::ESystemEdit result =
+        existed ? layers->RenameSystem(key, CString(), name, look, kind)
+                : layers->AddSystemFromSample(key, name, Wide(request.sample), look, kind);
+    if (result != QoHvacDuctLayerManager::eSystemEdited) RefuseEdit(result, kind, request, request.key, request.name);
+    if (!request.flag.empty()) StoreFlag(kind, key, name, request.flag);
     layers->ReReadSysUserComparison();
     const std::string saved = config.Save();
     std::cout << (existed ? "updated" : "added") << " system " << request.key << " (" << request.name << ") of kind "
               << KindText(kind) << "; saved to " << saved << "\n";
+}
+
+void RenameSystem(const LayerConfig& config, EQoDbHvacSystemType kind, const AddRequest& request, const SystemLook& look) {
+    QoHvacDuctLayerManager* layers = QoHvacDuctLayerManager::GetInstance();
+    const CString key = Wide(request.key);
+    const std::string oldName = NameOfKey(*layers, key, kind);
+    const QoHvacDuctLayerManager::ESystemEdit result =
+        layers->RenameSystem(key, Wide(request.newKey), Wide(request.name), look, kind);
+    if (result != QoHvacDuctLayerManager::eSystemEdited) RefuseEdit(result, kind, request, request.newKey, request.name);
+    const std::string newKey = request.newKey.empty() ? request.key : request.newKey;
+    const std::string newName = request.name.empty() ? oldName : request.name;
+    if (!request.flag.empty()) StoreFlag(kind, Wide(newKey), Wide(newName), request.flag);
+    layers->ReReadSysUserComparison();
+    const std::string saved = config.Save();
+    std::cout << "renamed system " << request.key << " (" << oldName << ") of kind " << KindText(kind) << " to "
+              << newKey << " (" << newName << "); saved to " << saved << "\n";
 }
 
 void DeleteSystem(const LayerConfig& config, EQoDbHvacSystemType kind, const std::string& keyText) {
@@ -447,19 +511,50 @@ void RegisterLayerCommands(CLI::App& app) {
         ListSystems(kind, sys->json);
     });
 
+    // The look of a system: line type, colour and comment (for a water
+    // system its pipe code), and the description.
+    auto addLookOptions = [sys](CLI::App* command) {
+        command->add_option("--value", sys->add.value, "a description stored with the system");
+        command->add_option("--flag", sys->add.flag, "the short code that labels show for the system");
+        command->add_option("--comment", sys->add.comment, "the comment; for a water system the code that starts its pipe labels");
+        command->add_option("--color", sys->add.color, "colour index, 0 to 256")->check(CLI::Range(0, 256));
+        command->add_option("--linetype", sys->add.lineType, "line type name, e.g. DASHED");
+        command->add_option("--config", sys->file, "use this configuration file instead of searching for Config.xml");
+    };
+
     CLI::App* add = systems->add_subcommand(
-        "add", "add a system, copying line type, colour and layer group of a sample system, and save");
+        "add", "add a system copying line type, colour and layer group of a sample of its kind (or change an existing one), and save");
     add->add_option("--kind", sys->kind, kindHelp)->required();
     add->add_option("--key", sys->add.key, "the system's key, as it goes into layer keys")->required();
     add->add_option("--name", sys->add.name, "the display name")->required();
-    add->add_option("--value", sys->add.value, "a description stored with the system");
-    add->add_option("--sample", sys->add.sample, "key of the system to copy (default: the kind's first)");
-    add->add_option("--flag", sys->add.flag, "the short code that labels show for the system");
-    add->add_option("--config", sys->file, fileHelp);
-    add->callback([sys] {
+    add->add_option("--sample", sys->add.sample, "key of the system of the same kind to copy (default: the kind's first)");
+    addLookOptions(add);
+    add->callback([sys, add] {
         const EQoDbHvacSystemType kind = ParseKind(sys->kind);
+        const SystemLook look = LookOf(*add, sys->add);
+        const ConfigEditLock lock(sys->file);
         LayerConfig config(sys->file);
-        AddSystem(config, kind, sys->add);
+        AddSystem(config, kind, sys->add, look);
+    });
+
+    CLI::App* rename = systems->add_subcommand(
+        "rename", "give a system a new display name or key (its layers follow), or a new look, and save");
+    rename->add_option("--kind", sys->kind, kindHelp)->required();
+    rename->add_option("--key", sys->add.key, "the system's key")->required();
+    rename->add_option("--new-key", sys->add.newKey, "its new key");
+    rename->add_option("--name", sys->add.name, "its new display name");
+    addLookOptions(rename);
+    rename->callback([sys, rename] {
+        const EQoDbHvacSystemType kind = ParseKind(sys->kind);
+        const SystemLook look = LookOf(*rename, sys->add);
+        if (rename->count("--new-key") + rename->count("--name") + rename->count("--flag") == 0 && !look.lineType &&
+            !look.colorIndex && !look.comment && !look.value)
+            throw UsageError("nothing to change: give --name, --new-key, --comment, --color, --linetype, --value or --flag");
+        if (rename->count("--new-key") > 0 && sys->add.newKey.empty()) throw UsageError("--new-key must not be empty");
+        if (rename->count("--name") > 0 && sys->add.name.empty()) throw UsageError("--name must not be empty");
+        const ConfigEditLock lock(sys->file);
+        LayerConfig config(sys->file);
+        RenameSystem(config, kind, sys->add, look);
     });
 
     CLI::App* del = systems->add_subcommand("del", "delete a system and its layer group, and save");
@@ -468,6 +563,7 @@ void RegisterLayerCommands(CLI::App& app) {
     del->add_option("--config", sys->file, fileHelp);
     del->callback([sys] {
         const EQoDbHvacSystemType kind = ParseKind(sys->kind);
+        const ConfigEditLock lock(sys->file);
         LayerConfig config(sys->file);
         DeleteSystem(config, kind, sys->key);
     });

@@ -363,6 +363,13 @@ int RowEndingAt(const QoHvacDuctFlangeManager& table, double end) {
 
 [[noreturn]] void NoRowEndingAt(double end) { throw UsageError("no row of the flange table ends at " + NumberText(end)); }
 
+// Bounds, offsets and sizes are finite numbers not below 0; anything else is
+// refused before the file is touched.
+void CheckTableNumber(const char* what, double value) {
+    if (!QoHvacDuctFlangeManager::IsTableValue(value))
+        throw UsageError(std::string(what) + " must be a finite number not below 0, not " + NumberText(value));
+}
+
 void SaveFlangeTable(QoHvacDuctFlangeManager& table, const std::string& file) {
     table.SaveToDict();
     SaveConfiguration(file);
@@ -389,6 +396,9 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     setEnd->add_option("row-end", args->first, "the present upper bound of the row")->required();
     setEnd->add_option("new-end", args->second, "its new upper bound")->required();
     setEnd->callback([args] {
+        CheckTableNumber("the row's end", args->first);
+        CheckTableNumber("the new end", args->second);
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         const int row = RowEndingAt(table, args->first);
@@ -403,6 +413,9 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     setStart->add_option("row-end", args->first, "the upper bound of the row")->required();
     setStart->add_option("new-start", args->second, "its new lower bound")->required();
     setStart->callback([args] {
+        CheckTableNumber("the row's end", args->first);
+        CheckTableNumber("the new start", args->second);
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         // Checked first: the table would otherwise keep the new bound.
@@ -420,18 +433,24 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     add->callback([args, add] {
         const size_t given = add->count("end") + add->count("offset");
         if (given == 1) throw UsageError("give both END and OFFSET, or neither");
+        if (given == 2) {
+            CheckTableNumber("the end", args->first);
+            CheckTableNumber("the offset", args->second);
+        }
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
-        if (given == 0)
-            table.AddItem();
-        else
-            table.AddSizeSet(args->first, args->second);
+        if (given == 0 && !table.AddItem())
+            throw UsageError("a row as wide as the last would end beyond the largest number");
+        if (given == 2 && !table.AddSizeSet(args->first, args->second)) throw UsageError("the row was refused");
         SaveFlangeTable(table, args->file);
     });
 
     CLI::App* del = flange.add_subcommand("del", "remove the row ending at END; the row above takes over its sizes");
     del->add_option("end", args->first, "upper bound of the row")->required();
     del->callback([args] {
+        CheckTableNumber("the end", args->first);
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         if (!table.DelItem(args->first)) NoRowEndingAt(args->first);
@@ -442,6 +461,9 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     setOffset->add_option("end", args->first, "upper bound of the row")->required();
     setOffset->add_option("offset", args->second, "the new offset")->required();
     setOffset->callback([args] {
+        CheckTableNumber("the end", args->first);
+        CheckTableNumber("the offset", args->second);
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
         if (!table.ChangeOffset(args->second, args->first)) NoRowEndingAt(args->first);
@@ -451,9 +473,11 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
     CLI::App* setLast = flange.add_subcommand("set-last", "make END the end of the table, cutting or extending it");
     setLast->add_option("end", args->first, "the new last upper bound")->required();
     setLast->callback([args] {
+        CheckTableNumber("the end", args->first);
+        const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
-        table.SetLastEndRange(args->first);
+        if (!table.SetLastEndRange(args->first)) throw UsageError("the end was refused");
         SaveFlangeTable(table, args->file);
     });
 
@@ -465,6 +489,7 @@ void RegisterFlangeLookups(CLI::App& flange, const std::shared_ptr<FlangeArgumen
     offset->add_option("size", args->first, "duct size")->required();
     offset->add_flag("--json", args->json, "print JSON");
     offset->callback([args] {
+        CheckTableNumber("the duct size", args->first);
         LoadConfiguration(args->file);
         const double result = QoHvacDuctFlangeManager::GetInstance()->GetOffset(args->first);
         if (args->json)
@@ -479,6 +504,7 @@ void RegisterFlangeLookups(CLI::App& flange, const std::shared_ptr<FlangeArgumen
         ->check(CLI::IsMember({"kt", "vrv", "dbcn", "fhcn", "czcn"}, CLI::ignore_case));
     pipe->add_flag("--json", args->json, "print JSON");
     pipe->callback([args] {
+        CheckTableNumber("the pipe size", args->first);
         LoadConfiguration(args->file);
         const EQoDbHvacSystemType kind = ParseKind(args->kind);
         const QoHvacWTFlangeManager& manager = *QoHvacWTFlangeManager::GetInstance();

@@ -1,5 +1,6 @@
 #include "Cli.h"
 
+#include "zefra/config/QoDtDiskFile.h"
 #include "zefra/module/ZefraModule.h"
 
 #include <iostream>
@@ -24,6 +25,9 @@ int main(int argc, char** argv) {
     // Loads the module as the host would; at the end of main it unloads it
     // and destroys the settings managers that the command built.
     ZefraModule module;
+    // An interrupted save leaves no temporary; a save over the file size
+    // limit is an error, not a silent death.
+    QoDtDiskFile::InstallSignalCleanup();
     CLI::App app{"zefra: moist-air states and air-handling processes on the enthalpy-humidity chart"};
     app.require_subcommand(1);
     zefra::cli::RegisterAirCommands(app);

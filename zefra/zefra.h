@@ -1,6 +1,7 @@
 #pragma once
 // Every public header of the ZefraDataBase library.
 
+#include "zefra/air/EHDGCalculationMode.h"
 #include "zefra/air/EHDGSearchMode.h"
 #include "zefra/air/HDGCalItemText.h"
 #include "zefra/air/HDGChecks.h"
@@ -10,6 +11,7 @@
 #include "zefra/air/HDGRunningSum.h"
 #include "zefra/air/HDGSchemeChartOverlay.h"
 #include "zefra/air/HDGSecondaryDewPointSearch.h"
+#include "zefra/air/HDGWarnings.h"
 #include "zefra/air/SHDGPrimaryReturnAirInfo.h"
 #include "zefra/air/SHDGSecondaryReturnAirInfo.h"
 #include "zefra/air/ZefraHDGHeatHumRat.h"
@@ -45,6 +47,7 @@
 #include "zefra/config/QoDtAttributes.h"
 #include "zefra/config/QoDtBlockPool.h"
 #include "zefra/config/QoDtChildIndex.h"
+#include "zefra/config/QoDtConfigEdit.h"
 #include "zefra/config/QoDtConfigStore.h"
 #include "zefra/config/QoDtDictBoolItem.h"
 #include "zefra/config/QoDtDictDoubleArrayItem.h"
@@ -59,6 +62,7 @@
 #include "zefra/config/QoDtFileSearch.h"
 #include "zefra/config/QoDtItemKey.h"
 #include "zefra/config/QoDtTextCodec.h"
+#include "zefra/config/QoDtTextEncoding.h"
 #include "zefra/config/QoDtXmlFile.h"
 #include "zefra/config/QoDtXmlOutput.h"
 #include "zefra/config/QoDtXmlReader.h"

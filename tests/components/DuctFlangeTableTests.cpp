@@ -2,6 +2,9 @@
 
 #include "zefra/components/QoHvacDuctFlangeManager.h"
 
+#include <functional>
+#include <iterator>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -235,4 +238,69 @@ TEST_F(DuctFlangeTable, FreshManagerWithoutStoreIsEmpty) {
     EXPECT_EQ(manager->GetDefaultOffset(), 0.0);
     EXPECT_EQ(manager->GetFlangeType(), QoHvacDuctFlangeManager::EFlangeStyleNone);
     EXPECT_EQ(manager->GetOffset(300.0), 0.0);
+}
+
+TEST_F(DuctFlangeTable, NonFiniteAndNegativeValuesAreRefusedAndRowsStayInOrder) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    using T = QoHvacDuctFlangeManager;
+    const std::function<bool(T&)> refused[] = {
+        [&](T& t) { return t.AddSizeSet(nan, 5); },  // once overwrote another row's offset
+        [&](T& t) { return t.AddSizeSet(inf, 5); },        [&](T& t) { return t.AddSizeSet(-1, 5); },
+        [&](T& t) { return t.AddSizeSet(700, nan); },      [&](T& t) { return t.AddSizeSet(700, -2); },
+        [&](T& t) { return t.SetLastEndRange(-1); },  // once cut the table to one row
+        [&](T& t) { return t.SetLastEndRange(nan); },      [&](T& t) { return t.ChangeEndRange(inf, 1000); },
+        [&](T& t) { return t.ChangeEndRange(600, nan); },  [&](T& t) { return t.ChangeStartRange(-3, 1000); },
+        [&](T& t) { return t.ChangeStartRange(nan, 1000); }, [&](T& t) { return t.ChangeOffset(-1, 500); },
+        [&](T& t) { return t.ChangeOffset(5, nan); },      [&](T& t) { return t.DelItem(nan); },  // matches every row
+        [&](T& t) { return t.SetDefaultOffset(nan); },     [&](T& t) { return t.SetDefaultOffset(-5); },
+    };
+    for (size_t i = 0; i < std::size(refused); ++i) {
+        SetUp();
+        EXPECT_FALSE(refused[i](table)) << "case " << i;
+        EXPECT_EQ(RowsOf(table), (Rows{{500, 25}, {1000, 30}})) << "case " << i;
+        EXPECT_EQ(table.GetDefaultOffset(), 40.0) << "case " << i;
+    }
+}
+
+TEST_F(DuctFlangeTable, AnEndJustBelowTheOldOneIsTheOldOne) {
+    const struct {
+        double newEnd, oldEnd;
+        Rows expected;
+    } cases[] = {
+        {1000.0 - 1e-10, 1000.0, {{500, 25}, {1000, 30}}},  // once a reversed erase
+        {500.0 - 1e-10, 500.0, {{500, 25}, {1000, 30}}},
+        {1000.0 - 1e-6, 1000.0, {{500, 25}, {1000.0 - 1e-6, 30}}},  // beyond the band: lowered
+        {1000.0 + 1e-10, 1000.0, {{500, 25}, {1000.0 + 1e-10, 30}}},
+    };
+    for (const auto& c : cases) {
+        SetUp();
+        EXPECT_TRUE(table.ChangeEndRange(c.newEnd, c.oldEnd)) << c.newEnd;
+        EXPECT_EQ(RowsOf(table), c.expected) << c.newEnd;
+    }
+}
+
+TEST_F(DuctFlangeTable, EmptyTablesAndTheLargestNumbers) {
+    table.ResetSize();
+    for (int i : {-1, 0, 1}) {
+        EXPECT_EQ(table.GetEndRange(i), -1.0) << i;
+        EXPECT_EQ(table.GetOffset(i), 40.0) << i;
+    }
+    table.AddSizeSet(1e308, 1.0);
+    EXPECT_FALSE(table.AddItem());  // 1e308 + 200 is 1e308
+    table.AddSizeSet(1.7e308, 2.0);
+    EXPECT_FALSE(table.AddItem());  // infinite
+    EXPECT_EQ(RowsOf(table), (Rows{{1e308, 1}, {1.7e308, 2}}));
+}
+
+TEST_F(DuctFlangeTable, ReadSkipsRowsAndADefaultTheTableRefuses) {
+    QoDtDictionary& sizeSet = *FlangeBranch().FindOrAddDict(L"SIZESET");
+    AddStoredRow(sizeSet, L"0", L"800.00", L"28.00");
+    AddStoredRow(sizeSet, L"1", L"nan", L"20.00");
+    AddStoredRow(sizeSet, L"2", L"-400.00", L"20.00");
+    AddStoredRow(sizeSet, L"3", L"900.00", L"inf");
+    FlangeBranch().SetValue(L"DEFAULTSIZE", std::numeric_limits<double>::quiet_NaN());
+    table.ReadFromDict();
+    EXPECT_EQ(RowsOf(table), (Rows{{800, 28}}));
+    EXPECT_EQ(table.GetDefaultOffset(), 40.0);
 }

@@ -3,6 +3,7 @@
 #include "zefra/components/QoHvacWTFlangeManager.h"
 #include "zefra/platform/airlib/NT.h"
 
+#include <limits>
 #include <vector>
 
 using HVAC::ESysCZCN;
@@ -145,4 +146,32 @@ TEST_F(WaterFlangeTable, ConstructionReadsBothTablesSorted) {
     EXPECT_EQ(fresh->GetExrtude(50, ESysDBCN), 0.0);  // no attribute: reads 0
     EXPECT_EQ(fresh->GetFlangeData(ESysKT).GetLength(), 0);
     EXPECT_NE(g_dictCfg.FindDict(L"ZEFRA\\WATER\\FLANGESET"), nullptr);  // made by the first read
+}
+
+TEST_F(WaterFlangeTable, RowsWithNonFiniteOrNegativeValuesAreRefused) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    manager->AddExtrudeData(Row(15, 2, 20), ESysKT);
+    const std::vector<SFlangeExtrudeData> kept = Vector(manager->GetFlangeData(ESysKT));
+    // A NaN start once left the table unsorted; the record's default start is -1.
+    for (const SFlangeExtrudeData& row : {Row(nan, 2, 20), Row(-1, 2, 20), SFlangeExtrudeData(), Row(30, inf, 20),
+                                          Row(30, -2, 20), Row(30, 2, nan)}) {
+        EXPECT_FALSE(manager->AddExtrudeData(row, ESysKT)) << row.start << " " << row.thickness << " " << row.extrude;
+        QoList<SFlangeExtrudeData> list;
+        list.Append(Row(5, 1, 1));
+        list.Append(row);
+        EXPECT_FALSE(manager->SetFlangeData(list, ESysKT));
+        EXPECT_EQ(Vector(manager->GetFlangeData(ESysKT)), kept);
+    }
+    EXPECT_EQ(manager->GetThickness(nan, ESysKT), 1.0);  // below every table
+
+    QoDtDictionary* water = g_dictCfg.FindOrAddDict(L"ZEFRA\\WATER\\FLANGESET");
+    int key = 0;
+    for (const wchar_t* start : {L"50", L"nan", L"-15", L"inf"}) {
+        QoDtDictItem* stored = water->FindOrAddItem(NT::itoa(key++), QoDtDictItem::eDtRow);
+        stored->SetAttributeValue(L"START", start);
+        stored->SetAttributeValue(L"THICKNESS", L"2");
+    }
+    manager->ReadFromDict(ESysVRV);
+    EXPECT_EQ(Vector(manager->GetFlangeData(ESysKT)), (std::vector<SFlangeExtrudeData>{Row(50, 2, 0)}));
 }

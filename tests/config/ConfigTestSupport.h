@@ -18,7 +18,9 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace configtest {
 
@@ -88,6 +90,38 @@ inline void WriteFile(const std::string& path, const std::string& text) {
 }
 
 inline CString W(const std::string& utf8) { return CString::FromUtf8(utf8); }
+
+// The temporaries that saves left in a directory.
+inline std::vector<std::string> Temporaries(const std::string& directory) {
+    std::vector<std::string> found;
+    for (const auto& entry : fs::directory_iterator(directory))
+        if (entry.path().filename().string().find(".tmp-") != std::string::npos)
+            found.push_back(entry.path().filename().string());
+    return found;
+}
+
+struct CliResult {
+    int exitCode;
+    std::string out;
+    std::string err;
+};
+
+inline std::string ShellQuote(const std::string& arg) {
+    std::string quoted = "'";
+    for (char c : arg) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return quoted + "'";
+}
+
+// Runs the zefra tool through the shell; `prefix` goes before it (e.g.
+// "ulimit -f 1;" or "VAR=x").
+inline CliResult RunZefra(const std::vector<std::string>& args, const std::string& prefix = "") {
+    TempDir output;
+    std::string command = prefix + " " + ShellQuote(ZEFRA_CLI_PATH);
+    for (const std::string& arg : args) command += " " + ShellQuote(arg);
+    command += " >" + output.File("out") + " 2>" + output.File("err");
+    const int status = std::system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(output.File("out")), ReadFile(output.File("err"))};
+}
 
 // Same kind, key, local name, attributes and value, all the way down;
 // doubles compared bit for bit.

@@ -16,8 +16,8 @@ namespace {
 const std::string kShippedConfig = std::string(ZEFRA_SOURCE_DATA_DIR) + "/Config.xml";
 
 std::string Found(const char* name) {
-    CString path;
-    return FindFile(W(name), path) ? path.ToUtf8() : std::string();
+    std::string path;
+    return QoDtFileSearch::Find(name, path) ? path : std::string();
 }
 
 // Both global trees as a fresh process would have them, loaded from what

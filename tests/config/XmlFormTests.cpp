@@ -83,7 +83,7 @@ const char* const kPlainForms[] = {
     "<zefra-config format=\"1\" format=\"x\"><dict/></zefra-config>",  // the first "format" counts
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<zefra-config format=\"1\" other=\"x\">\n<dict name=\"r\" localname=\"根\">"
     "<string name='s' localname=\"a'b\">x &amp; &lt;y&gt; &quot;&apos; &#65;&#x4e2d;&#x1D6DC;</string>"
-    "<item name=\"row\" a=\"tab\there\" b=\"cr\r\nlf\rend\nx\" _x0020_=\"sp\" _x0020_=\"again\" />"
+    "<item name=\"row\" a=\"tab\there\" b=\"cr\r\nlf\rend\nx\" _x0020_=\"sp\" />"
     "<string name=\"ws\">  \r\n </string><string name=\"crlf\">a\r\nb</string><string name=\"e\"></string>"
     "<bool name=\"b\"> true </bool><int name=\"i\" >-7</int ><double name=\"d\">nan</double>"
     "<doubles name=\"ds\"> 1  2e3\n-inf </doubles><option name=\"o\"><choice/><selection a=\"b\">2</selection>"

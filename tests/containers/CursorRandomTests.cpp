@@ -157,6 +157,25 @@ std::string CursorDriver<Container>::Step() {
         return "FindDel";
     }
     case 11:
+        if (Len() > 0 && steps.Below(3) == 0) {
+            // An exchange with a slot past the end grows the container
+            // first, through the base as code written against it does.
+            QoDynArrayBase<Tagged>& base = c;
+            const int old = Len();
+            const int i = steps.Below(old), j = old + steps.Below(3);
+            const Tagged moving = m.v[i];
+            const bool growingFirst = steps.Below(2) == 0;
+            if (growingFirst)
+                base.Exchange(j, i);
+            else
+                base.Exchange(i, j);
+            m.v.resize(j + 1);
+            TakeOverSlots(old, j);
+            m.v[i] = c.GetAt(i);  // the new slot's unspecified value
+            m.v[j] = moving;
+            m.cur = growingFirst ? i : j;
+            return "Exchange past the end";
+        }
         if (Len() > 0) {
             const int lo = steps.Below(Len()), hi = steps.Between(-1, Len() - 1);
             c.Reverse(lo, hi);

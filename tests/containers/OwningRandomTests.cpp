@@ -8,6 +8,7 @@
 #include "zefra/containers/QoPDList.h"
 #include "zefra/containers/QoPXList.h"
 
+#include <set>
 #include <string>
 
 template class QoDynPArray<Tagged>;
@@ -26,6 +27,32 @@ bool SlotBefore(const Slot& a, const Slot& b, bool ascending) {
     if (!a) return false;
     if (!b) return true;
     return ascending ? a->key < b->key : a->key > b->key;
+}
+
+// The plain container of pointers under each owning one.
+template <typename Owning>
+struct StorageOf;
+template <>
+struct StorageOf<QoDynPArray<Tagged>> {
+    using type = QoDynArray<Tagged*>;
+};
+template <>
+struct StorageOf<QoPDList<Tagged>> {
+    using type = QoDList<Tagged*>;
+};
+template <>
+struct StorageOf<QoPXList<Tagged>> {
+    using type = QoXList<Tagged*>;
+};
+
+// No object is held by both containers.
+::testing::AssertionResult ShareNoObject(const QoDynArrayBase<Tagged*>& a, const QoDynArrayBase<Tagged*>& b) {
+    std::set<const Tagged*> held;
+    for (Tagged* const* p = a.GetFirst(); p != nullptr; p = a.GetNext(p))
+        if (*p != nullptr) held.insert(*p);
+    for (Tagged* const* p = b.GetFirst(); p != nullptr; p = b.GetNext(p))
+        if (*p != nullptr && held.count(*p) != 0) return ::testing::AssertionFailure() << "an object has two owners";
+    return ::testing::AssertionSuccess();
 }
 
 template <typename Owning>
@@ -57,8 +84,8 @@ struct OwningDriver {
 template <typename Owning>
 std::string OwningDriver<Owning>::Step() {
     Tagged d;
-    int op = steps.Below(20);
-    if (op >= 17) op = 0;  // lean towards growth
+    int op = steps.Below(21);
+    if (op >= 18) op = 0;  // lean towards growth
     switch (op) {
     case 0:
     case 1:
@@ -194,6 +221,39 @@ std::string OwningDriver<Owning>::Step() {
         for (int k = 0; k < copy.GetLength(); ++k)
             if (!copy.IsEmptyData(k)) copy.GetAt(k)->key += 100;  // the original must not see this
         return "copy";
+    }
+    case 16: {
+        // The copies of the base, called through base references, into an
+        // owning container that already holds objects of its own.
+        Owning other;
+        other.Append(new Tagged{98, 0});
+        other.Append(nullptr);
+        QoDynArrayBase<Tagged*>& base = other;
+        auto same = [this](const Owning& o, int first, int count) {
+            CursorModel<Slot> part{m.rules};
+            part.v.assign(m.v.begin() + first, m.v.begin() + first + count);
+            part.cur = o.GetCur();
+            return Matches(o, part);
+        };
+        const int n = steps.Below(Len() + 1);
+        const int i = steps.Below(Len() + 1);
+        const int j = i + steps.Below(Len() - i + 1) - 1;
+        switch (steps.Below(6)) {
+        case 0: base.DeepCopy(c); EXPECT_TRUE(same(other, 0, Len())); break;
+        case 1: c.Left(n, base); EXPECT_TRUE(same(other, 0, n)); break;
+        case 2: c.Right(n, base); EXPECT_TRUE(same(other, Len() - n, n)); break;
+        case 3: c.Mid(i, j, base); EXPECT_TRUE(same(other, i, j - i + 1)); break;
+        case 4:
+            base << c;
+            EXPECT_EQ(other.GetLength(), Len() + 2);
+            break;
+        default:
+            static_cast<typename StorageOf<Owning>::type&>(other) = c;
+            EXPECT_TRUE(same(other, 0, Len()));
+            break;
+        }
+        EXPECT_TRUE(ShareNoObject(c, other));
+        return "copy through the base";
     }
     case 13: {
         d = steps.Next();

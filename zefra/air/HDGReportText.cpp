@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 // Each text is written straight into one buffer sized ahead, from literal
 // pieces and figures, with the settings it needs read once: a treatment
@@ -119,11 +120,11 @@ bool ShownAt(const QoHvacHDGSysSetManager& settings, int row) {
     return row >= 0 && row < table.GetSize() && table.GetData()[row];
 }
 
-const std::wstring kCelsius = L"℃";
-const std::wstring kPercent = L"%";
-const std::wstring kPerDryAir = L"g/kg.干空气";
-const std::wstring kPascal = L"Pa";
-const std::wstring kPerKilogram = L"m^3/kg";
+constexpr std::wstring_view kCelsius = L"℃";
+constexpr std::wstring_view kPercent = L"%";
+constexpr std::wstring_view kPerDryAir = L"g/kg.干空气";
+constexpr std::wstring_view kPascal = L"Pa";
+constexpr std::wstring_view kPerKilogram = L"m^3/kg";
 
 // What a point line takes from the chart settings, read once per text: the
 // items the display filter lets through, with precision and the text around
@@ -141,13 +142,13 @@ public:
             pDigits, PrecisionAt(settings, rows.density), PrecisionAt(settings, rows.specificVolume), dDigits,
             pDigits,
         };
-        const std::wstring* units[kPointItemCount] = {
-            &kCelsius, &kPercent, &TextAt(settings.GetUnitsNames(), rows.enthalpy), &kPerDryAir,
-            &kCelsius, &kCelsius, &kPascal, &TextAt(settings.GetUnitsNames(), rows.density),
-            &kPerKilogram, &kPerDryAir, &kPascal,
+        const std::wstring_view units[kPointItemCount] = {
+            kCelsius, kPercent, TextAt(settings.GetUnitsNames(), rows.enthalpy), kPerDryAir,
+            kCelsius, kCelsius, kPascal, TextAt(settings.GetUnitsNames(), rows.density),
+            kPerKilogram, kPerDryAir, kPascal,
         };
         m_pieces.reserve(160);
-        const std::wstring* unitBefore = nullptr;
+        const std::wstring_view* unitBefore = nullptr;
         for (int i = 0; i < kPointItemCount; ++i) {
             if (!ShownAt(settings, rows.point[i])) continue;
             const size_t begin = m_pieces.size();
@@ -161,7 +162,7 @@ public:
             m_kinds[m_count] = i;
             m_digits[m_count] = digits[i];
             m_lineLength += m_pieces.size() - begin + kFigureRoom;
-            unitBefore = units[i];
+            unitBefore = &units[i];
             ++m_count;
         }
         if (unitBefore) m_pieces += *unitBefore;

@@ -6,6 +6,8 @@
 #include "zefra/platform/geometry/Zero.h"
 
 #include <cmath>
+#include <cstdio>
+#include <string>
 
 IMPLEMENT_DYNAMIC(ZefraHDGPrimaryReturnAir, ZefraHDGProcess)
 
@@ -21,6 +23,12 @@ constexpr int kMixHalvings = 64;
 // The halving ends when C's enthalpy is within this of L's, in kJ/kg.
 constexpr double kMixEnthalpyTolerance = 5e-5;
 constexpr double kDuctRiseIsZero = 0.001;
+
+std::string Figure(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.4g", value);
+    return text;
+}
 
 }  // namespace
 
@@ -52,6 +60,7 @@ CString ZefraHDGPrimaryReturnAir::GetCalItemTypeStr(EHvacHDGPointCalItemType kin
 
 bool ZefraHDGPrimaryReturnAir::Calculate() {
     ResultInfo.RemoveAll();
+    EngineeringNotes.clear();
     bool calculated = false;
     switch (GivenData.CalPriRetAirType) {
         case HDGPRI_XJ_DEWPOINT:
@@ -171,7 +180,9 @@ bool ZefraHDGPrimaryReturnAir::Cal_Dj_Process() {
         ratio = g.Gw / g.Go;
         g.FreshAirRatio = ratio;
     }
-    if (ratio - XjFreshAirRatio >= -g_fZero)
+    if (CalculationMode == EHDGCalculationMode::Engineering)
+        MixAtDesignShare(ratio);
+    else if (ratio - XjFreshAirRatio >= -g_fZero)
         MixOnOutdoorRoomLine();
     else
         MixWithPreheat();
@@ -205,9 +216,57 @@ bool ZefraHDGPrimaryReturnAir::Cal_Dj_Process() {
     }
     Mww = g.Gw * (W.GetD() - N.GetD()) * 0.001;
     Mwp = g.Go * (PointL.GetD() - PointC.GetD()) * 0.001;
+    // The moisture that the whole unit adds, C to K: where heating comes
+    // first the literal figure counts only the heater, C to L, and is 0.
+    if (CalculationMode == EHDGCalculationMode::Engineering) Mwp = g.Go * (PointK.GetD() - PointC.GetD()) * 0.001;
 
     AppendReportTexts();
     return true;
+}
+
+void ZefraHDGPrimaryReturnAir::MixAtDesignShare(double share) {
+    // Outdoor air W mixes with the return air N' at the design's fresh-air
+    // share. When that mix has less enthalpy than L needs, W is preheated at
+    // constant D to W' just enough; when it has more, no preheat is needed and
+    // a larger share of outdoor air brings the mix down to L's enthalpy. C is
+    // then always the mix that happens, so the heat balance closes.
+    SHDGPrimaryReturnAirInfo& g = GivenData;
+    const ZefraHDGPoint& W = g.PointW;
+    const ZefraHDGPoint& R = PointN1;
+    const double target = PointL.GetH();
+    const double mixH = R.GetH() + share * (W.GetH() - R.GetH());
+    PointW1 = W;
+    if (mixH < target && share > 0.0) {
+        PointC.CalByHAndD(target, R.GetD() + share * (W.GetD() - R.GetD()));
+        PointW1.CalByHAndD(R.GetH() - (R.GetH() - PointC.GetH()) / share, W.GetD());
+        return;
+    }
+    double used = share;
+    if (mixH > target) {
+        if (W.GetH() < target) {
+            used = (R.GetH() - target) / (R.GetH() - W.GetH());
+            EngineeringNotes.push_back(
+                {"fresh-air-share-raised",
+                 "the mix at the fresh-air ratio " + Figure(share) +
+                     " is warmer than L needs; without preheat the fresh-air share " + Figure(used) +
+                     " brings it to L's enthalpy, and the flows follow that share",
+                 CString()});
+        } else {
+            EngineeringNotes.push_back({"outdoor-too-warm",
+                                        "the outdoor air has more enthalpy than L: no mix reaches L's enthalpy, "
+                                        "and C is the mix at the given fresh-air ratio",
+                                        CString()});
+        }
+    }
+    g.FreshAirRatio = used;
+    g.Gw = used * g.Go;
+    PointC.CalByHAndD(R.GetH() + used * (W.GetH() - R.GetH()), R.GetD() + used * (W.GetD() - R.GetD()));
+}
+
+HDGWarningList ZefraHDGPrimaryReturnAir::GetWarnings() const {
+    HDGWarningList warnings = HDGWarningsInTexts(ResultInfo);
+    warnings.insert(warnings.end(), EngineeringNotes.begin(), EngineeringNotes.end());
+    return warnings;
 }
 
 void ZefraHDGPrimaryReturnAir::MixOnOutdoorRoomLine() {

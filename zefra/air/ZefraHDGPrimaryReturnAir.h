@@ -7,7 +7,9 @@
 // kW, moisture loads in kg/s, ε in kJ/kg.
 
 #include "zefra/air/SHDGPrimaryReturnAirInfo.h"
+#include "zefra/air/EHDGCalculationMode.h"
 #include "zefra/air/EHDGSearchMode.h"
+#include "zefra/air/HDGWarnings.h"
 #include "zefra/air/ZefraHDGPoint.h"
 #include "zefra/air/ZefraHDGProcess.h"
 #include "zefra/platform/mfc/CNTArray.h"
@@ -102,6 +104,16 @@ public:
     void SetSearchMode(EHDGSearchMode mode) { SearchMode = mode; }
     EHDGSearchMode GetSearchMode() const { return SearchMode; }
 
+    // The system's treatments (Literal, the default) or the engineering ones
+    // that differ where the literal steps give a wrong answer (docs/processes.md).
+    void SetCalculationMode(EHDGCalculationMode mode) { CalculationMode = mode; }
+    EHDGCalculationMode GetCalculationMode() const { return CalculationMode; }
+
+    // The warnings of the last Calculate: those its report texts carry (a
+    // balance that doesn't close, a failed search), then the steps that
+    // engineering mode took differently from the given data.
+    HDGWarningList GetWarnings() const;
+
     // The record of the given data (HDGRecords.cpp).
     bool SaveXml(QoDtDictionary* dict) override;
     bool ReadXml(QoDtDictionary* dict) override;
@@ -117,11 +129,16 @@ private:
     void MixOnOutdoorRoomLine();
     // Winter: preheating W to W' so that the mix at the summer ratio has L's enthalpy.
     void MixWithPreheat();
+    // Winter, engineering mode: the mix at the design's own fresh-air share,
+    // preheated only when it falls short of L's enthalpy (see the .cpp).
+    void MixAtDesignShare(double share);
     // The last step of each treatment: the point, air-flow, heat-load and
     // moisture texts join ResultInfo, after any failure text.
     void AppendReportTexts();
 
     EHDGSearchMode SearchMode = EHDGSearchMode::Quick;
+    EHDGCalculationMode CalculationMode = EHDGCalculationMode::Literal;
+    HDGWarningList EngineeringNotes;
     double Gn = 0.0;
     double Qw = 0.0;
     double Qr = 0.0;

@@ -2,7 +2,11 @@
 
 #include "zefra/air/HDGCalItemText.h"
 #include "zefra/air/HDGSecondaryDewPointSearch.h"
+#include "zefra/air/HDGCurB.h"
+#include "zefra/platform/airlib/Air.h"
 #include "zefra/platform/airlib/NT.h"
+
+#include <cmath>
 
 IMPLEMENT_DYNAMIC(ZefraHDGSecondaryReturnAir, ZefraHDGProcess)
 
@@ -43,6 +47,7 @@ CString ZefraHDGSecondaryReturnAir::GetCalItemTypeStr(EHvacHDGPointCalItemType k
 
 bool ZefraHDGSecondaryReturnAir::Calculate() {
     ResultInfo.RemoveAll();
+    EngineeringNotes.clear();
     // Named before the calculation: after summer W' carries "W" and K "O".
     NamePoints();
     switch (GivenData.CalPriRetAirType) {
@@ -79,8 +84,21 @@ bool ZefraHDGSecondaryReturnAir::Cal_Xj_Process() {
     const HDGSecondaryDewPointSearch::SResult dew =
         SearchMode == EHDGSearchMode::FullWalk ? search.FindByFullScan() : search.Find();
     if (dew.Exhausted) ResultInfo.Add(kDewPointFailed);
-    PointL.CalByHAndD(dew.H, dew.D);
-    Gr2 = g.Go * (PointM.GetH() - dew.H) / (PointN1.GetH() - dew.H);
+    double dewH = dew.H;
+    double dewD = dew.D;
+    if (CalculationMode == EHDGCalculationMode::Engineering && dew.Found && !RefineDewPoint(dewH, dewD))
+        EngineeringNotes.push_back({"search-failed",
+                                    "the line from N' through M doesn't meet the curve RH = ptL_RH: the design "
+                                    "has no dew point L",
+                                    CString()});
+    PointL.CalByHAndD(dewH, dewD);
+    if (CalculationMode == EHDGCalculationMode::Engineering && PointL.GetTdb() < 0.0)
+        EngineeringNotes.push_back({"dew-point-below-freezing",
+                                    "the dew point L lies below 0 °C: the coil would frost; the second return "
+                                    "air is most of the supply air, give less of it or a larger supply "
+                                    "temperature difference",
+                                    CString()});
+    Gr2 = g.Go * (PointM.GetH() - dewH) / (PointN1.GetH() - dewH);
 
     if (g.FreshAirType == 0)
         g.Gw = g.FreshAirRatio * g.Go;
@@ -146,6 +164,17 @@ bool ZefraHDGSecondaryReturnAir::Cal_Dj_Process() {
     Qw1 = g.Gw * (PointW1.GetH() - W.GetH());
     Mww = g.Gw * (W.GetD() - N.GetD()) * 0.001;
     Mwp = unitFlow * (PointL.GetD() - PointC.GetD()) * 0.001;
+    if (CalculationMode == EHDGCalculationMode::Engineering) {
+        // The humidifier of the types that heat first works on M to K, which
+        // the literal figure (C to L only) leaves out.
+        Mwp += g.Go * (PointK.GetD() - PointM.GetD()) * 0.001;
+        if (PointW1.GetH() < W.GetH())
+            EngineeringNotes.push_back({"preheat-negative",
+                                        "the first mix at this fresh-air share is warmer than L needs: W' comes "
+                                        "out colder than W and the preheat load is negative; give more fresh "
+                                        "air or less first return air",
+                                        CString()});
+    }
     const double supplyStage = g.Go * (PointK.GetH() - PointM.GetH());
     const double unitStage = unitFlow * (PointL.GetH() - PointC.GetH());
     const bool heatingFirst = g.CalPriRetAirType == HDGSEC_DJ_HEAT_ISENTH || g.CalPriRetAirType == HDGSEC_DJ_HEAT_ISOTH;
@@ -157,6 +186,57 @@ bool ZefraHDGSecondaryReturnAir::Cal_Dj_Process() {
 
     AppendReportTexts();
     return true;
+}
+
+bool ZefraHDGSecondaryReturnAir::RefineDewPoint(double& h, double& d) const {
+    // X(t) = 0 where L(t) on the curve lies on the line from N' through M; the
+    // walk's step lies within its 0.002 °C of that crossing. Bisection on a
+    // bracket widened from the step, bounded in passes.
+    const double B = GetHDGCurB();
+    const double rh = GivenData.ptL_RH;
+    const ZefraHDGPoint& M = PointM;
+    const ZefraHDGPoint& R = PointN1;
+    const auto curveD = [B, rh](double t) { return AIR::GetD(t, rh, B); };
+    const auto cross = [&](double t) {
+        const double dt = curveD(t);
+        const double ht = AIR::GetH(t, dt);
+        return (M.GetH() - ht) * (R.GetD() - dt) - (M.GetD() - dt) * (R.GetH() - ht);
+    };
+    const double t0 = AIR::GetTdbByDAndRH(d, rh, B);
+    if (!std::isfinite(t0)) return false;
+    double lo = t0;
+    double hi = t0;
+    double fLo = cross(lo);
+    double fHi = fLo;
+    for (double reach = 0.002; (fLo > 0.0) == (fHi > 0.0) && fLo != 0.0; reach *= 2.0) {
+        // The walk starts at 0 °C; a crossing below it lies up to 60 K away.
+        if (reach > 64.0) return false;
+        lo = t0 - reach;
+        hi = t0 + reach;
+        fLo = cross(lo);
+        fHi = cross(hi);
+        if (!std::isfinite(fLo) || !std::isfinite(fHi)) return false;
+    }
+    for (int pass = 0; pass < 200 && hi - lo > 1e-13 * (1.0 + std::fabs(lo)) && fLo != 0.0; ++pass) {
+        const double mid = 0.5 * (lo + hi);
+        const double fMid = cross(mid);
+        if ((fMid > 0.0) == (fLo > 0.0)) {
+            lo = mid;
+            fLo = fMid;
+        } else {
+            hi = mid;
+        }
+    }
+    const double t = fLo == 0.0 ? lo : 0.5 * (lo + hi);
+    d = curveD(t);
+    h = AIR::GetH(t, d);
+    return std::isfinite(h) && std::isfinite(d);
+}
+
+HDGWarningList ZefraHDGSecondaryReturnAir::GetWarnings() const {
+    HDGWarningList warnings = HDGWarningsInTexts(ResultInfo);
+    warnings.insert(warnings.end(), EngineeringNotes.begin(), EngineeringNotes.end());
+    return warnings;
 }
 
 void ZefraHDGSecondaryReturnAir::ReplaceDewAndMixPoints(double secondShare) {

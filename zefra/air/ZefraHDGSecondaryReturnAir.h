@@ -7,7 +7,9 @@
 // in kg/s, heat loads in kW, moisture loads in kg/s, ε in kJ/kg.
 
 #include "zefra/air/SHDGSecondaryReturnAirInfo.h"
+#include "zefra/air/EHDGCalculationMode.h"
 #include "zefra/air/EHDGSearchMode.h"
+#include "zefra/air/HDGWarnings.h"
 #include "zefra/air/ZefraHDGPoint.h"
 #include "zefra/air/ZefraHDGProcess.h"
 #include "zefra/platform/mfc/CNTArray.h"
@@ -108,6 +110,16 @@ public:
     void SetSearchMode(EHDGSearchMode mode) { SearchMode = mode; }
     EHDGSearchMode GetSearchMode() const { return SearchMode; }
 
+    // The system's treatments (Literal, the default) or the engineering ones
+    // that differ where the literal steps give a wrong answer (docs/processes.md).
+    void SetCalculationMode(EHDGCalculationMode mode) { CalculationMode = mode; }
+    EHDGCalculationMode GetCalculationMode() const { return CalculationMode; }
+
+    // The warnings of the last Calculate: those its report texts carry (a
+    // balance that doesn't close, a failed search), then the steps that
+    // engineering mode took differently from the given data.
+    HDGWarningList GetWarnings() const;
+
     // The record of the given data (HDGRecords.cpp).
     bool SaveXml(QoDtDictionary* dict) override;
     bool ReadXml(QoDtDictionary* dict) override;
@@ -118,11 +130,16 @@ private:
     // Winter: L and M for the types that heat first or humidify at constant
     // temperature, in place of those of type 1.
     void ReplaceDewAndMixPoints(double secondShare);
+    // Summer, engineering mode: the walk's L moved along the curve RH =
+    // ptL_RH to where the line from N' through M crosses it.
+    bool RefineDewPoint(double& h, double& d) const;
     // The last step of each treatment: the point, air-flow, heat-load and
     // moisture texts join ResultInfo, after any failure text.
     void AppendReportTexts();
 
     EHDGSearchMode SearchMode = EHDGSearchMode::Quick;
+    EHDGCalculationMode CalculationMode = EHDGCalculationMode::Literal;
+    HDGWarningList EngineeringNotes;
     double Gn = 0.0;
     double Gr2 = 0.0;
     double Qw = 0.0;

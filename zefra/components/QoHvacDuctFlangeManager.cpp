@@ -5,6 +5,7 @@
 #include "zefra/config/QoDtDictionary.h"
 #include "zefra/platform/geometry/Zero.h"
 
+#include <cmath>
 #include <cwchar>
 #include <iterator>
 
@@ -19,6 +20,9 @@ const wchar_t* const kOffsetAttribute = L"offset";
 
 // The one tolerance test of the table: a is not below b.
 bool NotBelow(double a, double b) { return a - b >= -g_fZero; }
+
+// A bound looked up by exact value: NaN would match any row of the map.
+bool IsLookupKey(double endRange) { return std::isfinite(endRange); }
 
 // Text to number as the C library's _wtof reads it: 0.0 when unparsable.
 double ParseNumber(const CString& text) { return std::wcstod(text.GetString(), nullptr); }
@@ -58,8 +62,16 @@ bool QoHvacDuctFlangeManager::GetSearlarType() const {
     return m_style == EFlangeStyleAngleSealed || m_style == EFlangeStylePlateSealed;
 }
 
+bool QoHvacDuctFlangeManager::IsTableValue(double value) { return std::isfinite(value) && value >= 0.0; }
+
+bool QoHvacDuctFlangeManager::SetDefaultOffset(double offset) {
+    if (!IsTableValue(offset)) return false;
+    m_defaultOffset = offset;
+    return true;
+}
+
 double QoHvacDuctFlangeManager::GetEndRange(int i) const {
-    if (i >= GetSizeSetNum()) return -1.0;
+    if (i >= GetSizeSetNum() || m_sizeSet.empty()) return -1.0;
     return std::next(m_sizeSet.begin(), i < 0 ? 0 : i)->first;
 }
 
@@ -70,7 +82,7 @@ double QoHvacDuctFlangeManager::GetStartRange(int i) const {
 }
 
 double QoHvacDuctFlangeManager::GetOffset(int i) const {
-    if (i >= GetSizeSetNum()) return m_defaultOffset;
+    if (i >= GetSizeSetNum() || m_sizeSet.empty()) return m_defaultOffset;
     return std::next(m_sizeSet.begin(), i < 0 ? 0 : i)->second;
 }
 
@@ -80,9 +92,13 @@ double QoHvacDuctFlangeManager::GetOffset(double size) const {
     return m_defaultOffset;
 }
 
-void QoHvacDuctFlangeManager::AddSizeSet(double endRange, double offset) { m_sizeSet[endRange] = offset; }
+bool QoHvacDuctFlangeManager::AddSizeSet(double endRange, double offset) {
+    if (!IsTableValue(endRange) || !IsTableValue(offset)) return false;
+    m_sizeSet[endRange] = offset;
+    return true;
+}
 
-void QoHvacDuctFlangeManager::AddItem() {
+bool QoHvacDuctFlangeManager::AddItem() {
     double last = 0.0;
     double step = 200.0;
     if (!m_sizeSet.empty()) {
@@ -93,12 +109,17 @@ void QoHvacDuctFlangeManager::AddItem() {
             last = row->first;
         }
     }
-    AddSizeSet(last + step, m_defaultOffset);
+    // Near the largest numbers the sum may not lie above the last end.
+    const double end = last + step;
+    return end > last && AddSizeSet(end, m_defaultOffset);
 }
 
-bool QoHvacDuctFlangeManager::DelItem(double endRange) { return m_sizeSet.erase(endRange) > 0; }
+bool QoHvacDuctFlangeManager::DelItem(double endRange) {
+    return IsLookupKey(endRange) && m_sizeSet.erase(endRange) > 0;
+}
 
 bool QoHvacDuctFlangeManager::ChangeOffset(double offset, double endRange) {
+    if (!IsTableValue(offset) || !IsLookupKey(endRange)) return false;
     const auto row = m_sizeSet.find(endRange);
     if (row == m_sizeSet.end()) return false;
     row->second = offset;
@@ -106,20 +127,23 @@ bool QoHvacDuctFlangeManager::ChangeOffset(double offset, double endRange) {
 }
 
 bool QoHvacDuctFlangeManager::SetLastEndRange(double endRange) {
-    AddSizeSet(endRange, GetOffset(endRange));
+    if (!AddSizeSet(endRange, GetOffset(endRange))) return false;
     m_sizeSet.erase(m_sizeSet.upper_bound(endRange), m_sizeSet.end());
     return true;
 }
 
 bool QoHvacDuctFlangeManager::ChangeEndRange(double newEnd, double oldEnd) {
+    if (!IsTableValue(newEnd) || !IsLookupKey(oldEnd)) return false;
     const auto oldRow = m_sizeSet.find(oldEnd);
     if (oldRow == m_sizeSet.end()) return false;
     if (oldRow != m_sizeSet.begin() && NotBelow(std::prev(oldRow)->first, newEnd)) return false;
     const double offset = oldRow->second;
-    if (NotBelow(newEnd, oldEnd)) {
+    if (newEnd >= oldEnd) {
         // The raised row swallows every row that ends before its new end.
         AddSizeSet(newEnd, offset);
         m_sizeSet.erase(m_sizeSet.find(oldEnd), m_sizeSet.find(newEnd));
+    } else if (NotBelow(newEnd, oldEnd)) {
+        // Within the zero band below the old end: the same end, nothing moves.
     } else {
         m_sizeSet.erase(oldRow);
         AddSizeSet(newEnd, offset);
@@ -128,6 +152,7 @@ bool QoHvacDuctFlangeManager::ChangeEndRange(double newEnd, double oldEnd) {
 }
 
 bool QoHvacDuctFlangeManager::ChangeStartRange(double newStart, double endRange) {
+    if (!IsTableValue(newStart) || !IsLookupKey(endRange)) return false;
     if (NotBelow(newStart, endRange)) return false;
     AddSizeSet(newStart, GetOffset(newStart));
     const auto startRow = m_sizeSet.find(newStart);
@@ -142,11 +167,13 @@ void QoHvacDuctFlangeManager::ReadFromDict() {
     if (branch == nullptr) return;
     m_dict = branch;
     if (QoDtDictOptionItem* style = FindStyle(*branch)) m_style = static_cast<EFlangeStyle>(style->selection);
-    branch->GetValue(kDefaultSizeKey, m_defaultOffset);
+    double defaultOffset = m_defaultOffset;
+    if (branch->GetValue(kDefaultSizeKey, defaultOffset)) SetDefaultOffset(defaultOffset);
     QoDtDictItem* sizeSet = branch->FindItem(kSizeSetKey);
     m_sizeSet.clear();
     if (sizeSet == nullptr || !sizeSet->IsDict()) return;
     QoDtDictItemList& rows = static_cast<QoDtDictionary*>(sizeSet)->children;
+    // A row with a bound or offset that the table refuses is skipped.
     for (rows.MoveToFirst(); !rows.IsOut(); rows.MoveToNext()) {
         const QoDtDictItem* row = rows.GetCurData();
         AddSizeSet(ParseNumber(row->GetAttributeValue(kEndRangeAttribute)),

@@ -9,6 +9,10 @@
 // End ranges are keys compared exactly; only the test of a size against a
 // bound allows for g_fZero. Stored below g_dictCfg "ZEFRA\FLANGESET", with
 // both numbers of a row rounded to two decimals.
+//
+// Bounds and offsets are finite numbers not below 0: an edit that would put
+// anything else in the table (NaN, an infinity, a negative number) gives
+// false and changes nothing, and a read skips such rows.
 
 #include "zefra/module/QoModuleSingleton.h"
 #include "zefra/platform/entities/QoDbHvacDuctFlange.h"
@@ -40,12 +44,15 @@ public:
     // Whether the style seals the flange joint.
     bool GetSearlarType() const;
 
+    // A bound or an offset that the table takes.
+    static bool IsTableValue(double value);
+
     double GetDefaultOffset() const { return m_defaultOffset; }
-    void SetDefaultOffset(double offset) { m_defaultOffset = offset; }
+    bool SetDefaultOffset(double offset);
 
     int GetSizeSetNum() const { return static_cast<int>(m_sizeSet.size()); }
-    // Row lookups by index: -1.0 (or the default offset) past the last row;
-    // a negative index counts as row 0.
+    // Row lookups by index: -1.0 (or the default offset) past the last row
+    // and in an empty table; a negative index counts as row 0.
     double GetEndRange(int i) const;
     double GetStartRange(int i) const;
     double GetOffset(int i) const;
@@ -54,10 +61,11 @@ public:
     double GetOffset(double size) const;
 
     // Inserts the row, replacing one with the same end range.
-    void AddSizeSet(double endRange, double offset);
+    bool AddSizeSet(double endRange, double offset);
     // Appends a row as wide as the last one (200 for the first rows) with
-    // the default offset.
-    void AddItem();
+    // the default offset; false if its end would not be a finite number
+    // above the last one.
+    bool AddItem();
     bool DelItem(double endRange);
     void ResetSize() { m_sizeSet.clear(); }
     bool ChangeOffset(double offset, double endRange);
@@ -65,7 +73,8 @@ public:
     // offset that size had.
     bool SetLastEndRange(double endRange);
     // Moves the end of the row ending at `oldEnd`. Raising it swallows the
-    // rows it passes; it can't go down to the row's start.
+    // rows it passes; it can't go down to the row's start. A new end within
+    // g_fZero below the old one is the old end: true, nothing changes.
     bool ChangeEndRange(double newEnd, double oldEnd);
     // Puts the start of the row ending at `endRange` at `newStart`, which
     // removes the rows in between or splits the row below.

@@ -6,6 +6,8 @@
 #include "zefra/platform/entities/ZefraPipeGBData.h"
 #include "zefra/platform/geometry/Zero.h"
 
+#include <cmath>
+
 using HVAC::EQoDbHvacSystemType;
 
 namespace {
@@ -27,6 +29,12 @@ int CompareStart(const SFlangeExtrudeData& a, const SFlangeExtrudeData& b) {
 }
 
 }  // namespace
+
+bool QoHvacWTFlangeManager::IsValidRow(const SFlangeExtrudeData& row) {
+    for (const double value : {row.start, row.thickness, row.extrude})
+        if (!std::isfinite(value) || value < 0.0) return false;
+    return true;
+}
 
 QoHvacWTFlangeManager* QoHvacWTFlangeManager::GetInstance() { return QoModuleSingleton<QoHvacWTFlangeManager>::Get(); }
 
@@ -54,18 +62,22 @@ QoList<SFlangeExtrudeData> QoHvacWTFlangeManager::GetFlangeData(EQoDbHvacSystemT
     return table != nullptr ? *table : QoList<SFlangeExtrudeData>();
 }
 
-void QoHvacWTFlangeManager::SetFlangeData(QoList<SFlangeExtrudeData> rows, EQoDbHvacSystemType kind) {
+bool QoHvacWTFlangeManager::SetFlangeData(QoList<SFlangeExtrudeData> rows, EQoDbHvacSystemType kind) {
     QoList<SFlangeExtrudeData>* table = TableOf(kind);
-    if (table == nullptr) return;
+    if (table == nullptr) return false;
+    for (const SFlangeExtrudeData* row = rows.GetFirst(); row != nullptr; row = rows.GetNext(row))
+        if (!IsValidRow(*row)) return false;
     *table = rows;
     Sort(kind);
+    return true;
 }
 
-void QoHvacWTFlangeManager::AddExtrudeData(const SFlangeExtrudeData& row, EQoDbHvacSystemType kind) {
+bool QoHvacWTFlangeManager::AddExtrudeData(const SFlangeExtrudeData& row, EQoDbHvacSystemType kind) {
     QoList<SFlangeExtrudeData>* table = TableOf(kind);
-    if (table == nullptr) return;
+    if (table == nullptr || !IsValidRow(row)) return false;
     table->Append(row);
     Sort(kind);
+    return true;
 }
 
 void QoHvacWTFlangeManager::Clear(EQoDbHvacSystemType kind) {
@@ -78,7 +90,7 @@ void QoHvacWTFlangeManager::Sort(EQoDbHvacSystemType kind) {
 
 const SFlangeExtrudeData* QoHvacWTFlangeManager::RowFor(double size, EQoDbHvacSystemType kind) const {
     const QoList<SFlangeExtrudeData>* table = TableOf(kind);
-    if (table == nullptr) return nullptr;
+    if (table == nullptr || std::isnan(size)) return nullptr;
     const SFlangeExtrudeData* holding = nullptr;
     for (const SFlangeExtrudeData* row = table->GetFirst(); row != nullptr; row = table->GetNext(row)) {
         if (row->start - size > g_fZero) break;
@@ -124,7 +136,7 @@ void QoHvacWTFlangeManager::ReadFromDict(EQoDbHvacSystemType kind) {
         row.start = (*child)->GetAttributeDoubleValue(kStartAttribute);
         row.thickness = (*child)->GetAttributeDoubleValue(kThicknessAttribute);
         row.extrude = (*child)->GetAttributeDoubleValue(kExtrudeAttribute);
-        rows.Append(row);
+        if (IsValidRow(row)) rows.Append(row);
     }
     if (rows.GetLength() == 0) return;
     Clear(kind);

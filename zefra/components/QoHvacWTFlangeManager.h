@@ -9,6 +9,11 @@
 // operations on ESysDuct change nothing and look up the defaults.
 //
 // Saving a table also refills g_HvacPipeGBData with its rows.
+//
+// Start, thickness and projection are finite numbers not below 0: a row with
+// anything else is refused (false, the table unchanged) and skipped when the
+// store is read, so that the table stays in order. A size of NaN lies below
+// every table.
 
 #include "zefra/containers/QoList.h"
 #include "zefra/layers/EQoDbHvacSystemType.h"
@@ -25,9 +30,15 @@ public:
     ~QoHvacWTFlangeManager() = default;
 
     QoList<SFlangeExtrudeData> GetFlangeData(HVAC::EQoDbHvacSystemType kind) const;
-    void SetFlangeData(QoList<SFlangeExtrudeData> rows, HVAC::EQoDbHvacSystemType kind);
-    // Appends without looking for a row of the same start, then sorts.
-    void AddExtrudeData(const SFlangeExtrudeData& row, HVAC::EQoDbHvacSystemType kind);
+    // A row the tables take.
+    static bool IsValidRow(const SFlangeExtrudeData& row);
+
+    // Takes the rows, sorted; false, with the table as it was, if one of
+    // them is refused or the kind has no table.
+    bool SetFlangeData(QoList<SFlangeExtrudeData> rows, HVAC::EQoDbHvacSystemType kind);
+    // Appends without looking for a row of the same start, then sorts; false
+    // for a refused row or a kind without table.
+    bool AddExtrudeData(const SFlangeExtrudeData& row, HVAC::EQoDbHvacSystemType kind);
     void Clear(HVAC::EQoDbHvacSystemType kind);
     void Sort(HVAC::EQoDbHvacSystemType kind);
 

@@ -3,6 +3,7 @@
 #include "zefra/config/QoDtConfigStore.h"
 #include "zefra/config/QoDtFileSearch.h"
 #include "zefra/platform/host/AcDbDatabase.h"
+#include "zefra/platform/host/CommandLine.h"
 #include "zefra/platform/host/QoDbHvacSpace.h"
 
 namespace HVAC {
@@ -68,7 +69,10 @@ void SaveConfigData() {
     g_dictCfg.children.MoveToFirst();
     CString target;
     if (!QoDtConfigStore::SaveTarget(QoDtConfigStore::eConfig, found, target)) return;
-    g_dictCfg.SaveToXML(target);
+    // A refused save (the file changed on disk meanwhile, or can't be
+    // written) leaves the changes in memory; the user reads why.
+    CString message;
+    if (!g_dictCfg.SaveToXML(target, &message)) acutPrintf(L"\n%s\n", message.GetString());
 }
 
 bool GetHvacSpaceInfoFromConfig(double& textSize, CString& visibleField) {

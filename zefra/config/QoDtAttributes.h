@@ -1,9 +1,13 @@
 #pragma once
 // The string attributes of a dictionary item, in the order they were first
-// set. Names are compared exactly, case included.
+// set. Names are compared exactly, case included. From a few attributes on
+// a hashed index by name (keyed as the child index is) stands beside them,
+// so an element with tens of thousands of attributes reads in linear time.
 
 #include "zefra/platform/mfc/CString.h"
 
+#include <cstdint>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,7 +19,10 @@ public:
     void Set(const CString& name, const CString& value);
     void Set(CString&& name, CString&& value);
     bool Remove(const wchar_t* name);
-    void Clear() { m_entries.clear(); }
+    void Clear() {
+        m_entries.clear();
+        m_slots.clear();
+    }
     void Reserve(int count) { m_entries.reserve(static_cast<size_t>(count)); }
 
     int GetCount() const { return static_cast<int>(m_entries.size()); }
@@ -32,5 +39,14 @@ public:
     friend bool operator==(const QoDtAttributes& a, const QoDtAttributes& b) { return a.m_entries == b.m_entries; }
 
 private:
+    static constexpr size_t kIndexFrom = 8;
+    // Position of the name in m_entries, or -1.
+    long IndexOf(std::wstring_view name) const;
+    void Enter(size_t entry);
+    void Rebuild();
+
     std::vector<std::pair<CString, CString>> m_entries;
+    // Open addressing: entry + 1, 0 for an empty slot; empty while there are
+    // few attributes.
+    std::vector<uint32_t> m_slots;
 };

@@ -3,19 +3,72 @@
 #include "zefra/config/QoDtDictItem.h"
 
 #include <cstdint>
+#include <random>
 
 namespace {
 std::wstring_view KeyOf(const QoDtDictItem* item) { return item->name.Str(); }
 }  // namespace
 
+namespace {
+
+struct HashKey {
+    uint64_t k0;
+    uint64_t k1;
+};
+
+// Drawn once per process, so that no file can be made whose keys all land
+// on one slot: the keys come from files, and a crafted set of colliding
+// keys would make every look-up walk them all.
+HashKey MakeHashKey() {
+    HashKey key{0x736f6d6570736575ull, 0x646f72616e646f6dull};
+    std::random_device device;
+    key.k0 ^= (static_cast<uint64_t>(device()) << 32) | device();
+    key.k1 ^= (static_cast<uint64_t>(device()) << 32) | device();
+    return key;
+}
+
+const HashKey& TheHashKey() {
+    static const HashKey key = MakeHashKey();
+    return key;
+}
+
+inline uint64_t Rotate(uint64_t x, int b) { return (x << b) | (x >> (64 - b)); }
+
+inline void Round(uint64_t& v0, uint64_t& v1, uint64_t& v2, uint64_t& v3) {
+    v0 += v1, v1 = Rotate(v1, 13), v1 ^= v0, v0 = Rotate(v0, 32);
+    v2 += v3, v3 = Rotate(v3, 16), v3 ^= v2;
+    v0 += v3, v3 = Rotate(v3, 21), v3 ^= v0;
+    v2 += v1, v1 = Rotate(v1, 17), v1 ^= v2, v2 = Rotate(v2, 32);
+}
+
+}  // namespace
+
 size_t QoDtChildIndex::Hash(std::wstring_view key) {
-    // FNV-1a over the code points; keys are short, so this beats a heavier mix.
-    uint64_t h = 14695981039346656037ull;
-    for (wchar_t c : key) {
-        h ^= static_cast<uint32_t>(c);
-        h *= 1099511628211ull;
+    // SipHash-1-3 with the process's key, over the code points two to a word.
+    const HashKey& k = TheHashKey();
+    uint64_t v0 = k.k0 ^ 0x736f6d6570736575ull;
+    uint64_t v1 = k.k1 ^ 0x646f72616e646f6dull;
+    uint64_t v2 = k.k0 ^ 0x6c7967656e657261ull;
+    uint64_t v3 = k.k1 ^ 0x7465646279746573ull;
+    const size_t n = key.size();
+    size_t i = 0;
+    for (; i + 2 <= n; i += 2) {
+        const uint64_t m = static_cast<uint64_t>(static_cast<uint32_t>(key[i])) |
+                           (static_cast<uint64_t>(static_cast<uint32_t>(key[i + 1])) << 32);
+        v3 ^= m;
+        Round(v0, v1, v2, v3);
+        v0 ^= m;
     }
-    return static_cast<size_t>(h ^ (h >> 29));
+    uint64_t last = static_cast<uint64_t>(n) << 56;
+    if (i < n) last |= static_cast<uint32_t>(key[i]);
+    v3 ^= last;
+    Round(v0, v1, v2, v3);
+    v0 ^= last;
+    v2 ^= 0xff;
+    Round(v0, v1, v2, v3);
+    Round(v0, v1, v2, v3);
+    Round(v0, v1, v2, v3);
+    return static_cast<size_t>(v0 ^ v1 ^ v2 ^ v3);
 }
 
 void QoDtChildIndex::Drop() {

@@ -25,6 +25,8 @@ public:
     void Remove(const QoDtDictItem* item);
     QoDtDictItem* Find(std::wstring_view key) const;
 
+    // Keyed with a secret drawn at the start of the process: the same on
+    // adversarial keys as on ordinary ones.
     static size_t Hash(std::wstring_view key);
 
 private:

@@ -7,7 +7,6 @@
 struct QoDtConfigStore::Slot {
     QoDtDictionary tree;
     ELoadState state = eNotLoaded;
-    CString source;
 };
 
 QoDtConfigStore::Slot& QoDtConfigStore::SlotOf(ETree tree) {
@@ -26,11 +25,14 @@ const wchar_t* QoDtConfigStore::FileName(ETree tree) { return tree == eConfig ? 
 
 bool QoDtConfigStore::Load(ETree tree) {
     Slot& slot = SlotOf(tree);
-    CString found;
-    if (!FindFile(FileName(tree), found)) {
+    // A load searches anew; FindFile would give the file loaded before.
+    std::string path;
+    if (!QoDtFileSearch::Find(QoDtTextCodec::ToUtf8(FileName(tree)), path)) {
         slot.state = eFileMissing;
+        slot.tree.ForgetSourceFile();
         return false;
     }
+    const CString found = QoDtTextCodec::FromUtf8(path);
     CString message;
     if (!slot.tree.LoadFromXML(found, &message)) {
         slot.state = eLoadFailed;
@@ -38,7 +40,6 @@ bool QoDtConfigStore::Load(ETree tree) {
         return false;
     }
     slot.state = eLoaded;
-    slot.source = found;
     return true;
 }
 
@@ -46,7 +47,19 @@ QoDtConfigStore::ELoadState QoDtConfigStore::GetLoadState(ETree tree) { return S
 
 CString QoDtConfigStore::GetSource(ETree tree) {
     const Slot& slot = SlotOf(tree);
-    return slot.state == eLoaded ? slot.source : CString();
+    if (slot.state == eLoadFailed || slot.state == eNotLoaded) return CString();
+    return QoDtTextCodec::FromUtf8(slot.tree.GetSourceFile());
+}
+
+bool QoDtConfigStore::SourceOf(const wchar_t* name, CString& path) {
+    for (const ETree tree : {eConfig, eHistory}) {
+        if (CString(name) != FileName(tree)) continue;
+        const CString source = GetSource(tree);
+        if (source.IsEmpty()) return false;
+        path = source;
+        return true;
+    }
+    return false;
 }
 
 bool QoDtConfigStore::SaveTarget(ETree tree, const CString& found, CString& target) {
@@ -68,5 +81,8 @@ void SaveHistoryData() {
     FindFile(QoDtConfigStore::FileName(QoDtConfigStore::eHistory), found);
     CString target;
     if (!QoDtConfigStore::SaveTarget(QoDtConfigStore::eHistory, found, target)) return;
-    history.SaveToXML(target);
+    // Remembered inputs, saved at every change: the last writer wins (a
+    // refusal would stop this process from ever saving them again).
+    CString message;
+    if (!history.SaveToXML(target, &message, true)) acutPrintf(L"\n%s\n", message.GetString());
 }

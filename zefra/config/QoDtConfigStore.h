@@ -31,8 +31,12 @@ public:
     // Searches for the tree's file and loads it.
     static bool Load(ETree tree);
     static ELoadState GetLoadState(ETree tree);
-    // The file the tree was last loaded from; empty if none.
+    // The file the tree was last loaded from or saved to; empty if none.
     static CString GetSource(ETree tree);
+    // The file of the global tree whose file name is `name`, when that tree
+    // was loaded from or saved to one; does not load it. This is what
+    // FindFile answers, so saves go back where the tree came from.
+    static bool SourceOf(const wchar_t* name, CString& path);
     // Where a save of the tree goes when its file was found at `found`
     // (empty: not found). False when the tree must not or can't be saved.
     static bool SaveTarget(ETree tree, const CString& found, CString& target);

@@ -73,8 +73,7 @@ void QoDtDictItem::WriteXml(QoDtXmlOutput& out) const {
 
 bool QoDtDictItem::ReadXml(QoUtXMLDOMNode& node) {
     if (!ExpectNoContent(node)) return false;
-    ReadCommonXml(node.Element());
-    return true;
+    return ReadCommonXml(node);
 }
 
 void QoDtDictItem::WriteStartXml(QoDtXmlOutput& out) const {
@@ -89,24 +88,41 @@ void QoDtDictItem::WriteStartXml(QoDtXmlOutput& out) const {
     });
 }
 
-void QoDtDictItem::ReadCommonXml(pugi::xml_node element) {
+bool QoDtDictItem::ReadCommonXml(QoUtXMLDOMNode& node) {
+    const pugi::xml_node element = node.Element();
+    unsigned seen = 0;
     for (pugi::xml_attribute attribute = element.first_attribute(); attribute; attribute = attribute.next_attribute()) {
         const char* const text = attribute.value();
-        TakeXmlAttribute(attribute.name(), QoDtTextCodec::FromUtf8(text, std::strlen(text)));
+        if (!TakeXmlAttribute(attribute.name(), QoDtTextCodec::FromUtf8(text, std::strlen(text)), seen)) {
+            node.FailAt(element, "the attribute " + std::string(attribute.name()) + " of " + Describe(element) +
+                                     " repeats a name given before (names are compared unescaped)");
+            return false;
+        }
     }
+    return true;
 }
 
-void QoDtDictItem::TakeXmlAttribute(std::string_view xmlName, CString&& value) {
+bool QoDtDictItem::TakeXmlAttribute(std::string_view xmlName, CString&& value, unsigned& seen) {
+    constexpr unsigned kNameSeen = 1;
+    constexpr unsigned kLocalNameSeen = 2;
     if (xmlName == "name") {
+        if ((seen & kNameSeen) != 0) return false;
+        seen |= kNameSeen;
         // The item is new and in no list yet, so no list needs telling.
         static_cast<CString&>(name) = std::move(value);
     } else if (xmlName == "localname") {
+        if ((seen & kLocalNameSeen) != 0) return false;
+        seen |= kLocalNameSeen;
         localname = std::move(value);
     } else {
+        CString attribute = QoDtTextCodec::FromXmlName(xmlName);
+        if (attribute == kNameAttribute || attribute == kLocalNameAttribute) return false;
+        if (m_attributes.Find(attribute.GetString()) != nullptr) return false;
         // Most rows carry two attributes.
         if (m_attributes.GetCount() == 0) m_attributes.Reserve(2);
-        m_attributes.Set(QoDtTextCodec::FromXmlName(xmlName), std::move(value));
+        m_attributes.Set(std::move(attribute), std::move(value));
     }
+    return true;
 }
 
 bool QoDtDictItem::ReadXmlValue(std::string_view, std::string* cause) {
@@ -122,8 +138,7 @@ bool QoDtDictItem::ReadTextElement(QoUtXMLDOMNode& node) {
         node.Fail(cause + " in " + Describe(node.Element()));
         return false;
     }
-    ReadCommonXml(node.Element());
-    return true;
+    return ReadCommonXml(node);
 }
 
 void QoDtDictItem::WriteCommon(CArchive& ar) const {

@@ -109,12 +109,15 @@ protected:
     // item away. `item << node` reads through a new item, so that a refused
     // element changes nothing.
     virtual bool ReadXml(QoUtXMLDOMNode& node);
-    // Key, local name and attributes of the element, into this new item.
-    void ReadCommonXml(pugi::xml_node element);
+    // Key, local name and attributes of the element, into this new item;
+    // false, with the cause in the node, for names that repeat.
+    bool ReadCommonXml(QoUtXMLDOMNode& node);
     // One attribute of the element: "name" and "localname" are the fields,
-    // others are stored under their unescaped names. A repeated attribute
-    // keeps its first place and takes the last value.
-    void TakeXmlAttribute(std::string_view xmlName, CString&& value);
+    // others are stored under their unescaped names. False when the name,
+    // unescaped, is one the element already gave (`seen` keeps count of
+    // "name" and "localname" from call to call; start it at 0): written back,
+    // such an element would not be well-formed, or would change its key.
+    bool TakeXmlAttribute(std::string_view xmlName, CString&& value, unsigned& seen);
     // The kinds whose element holds a text take their value from it here;
     // false, with the cause when `cause` is given, if the text isn't a value
     // of the kind. The item is new, as for ReadXml.

@@ -31,6 +31,16 @@ void QoDtDictItemList::Reset() {
     Base::Reset();
 }
 
+void QoDtDictItemList::ReleaseAll(std::vector<QoDtDictItem*>& out) {
+    m_index.Drop();
+    for (Node* node = m_head->next; node != m_head; node = node->next) {
+        Disown(node->data);
+        out.push_back(node->data);
+        node->data = nullptr;
+    }
+    Base::Reset();
+}
+
 void QoDtDictItemList::DelCur() {
     if (IsOut()) return;
     QoDtDictItem* const item = GetCurData();

@@ -15,6 +15,7 @@
 #include "zefra/containers/QoList.h"
 
 #include <string_view>
+#include <vector>
 
 class QoDtDictItem;
 
@@ -56,6 +57,9 @@ public:
     // The first child with this key in list order, or null. The cursor stays.
     using Base::Find;
     QoDtDictItem* Find(std::wstring_view key) const;
+    // Empties the list and hands its items to the caller, behind those in
+    // `out`.
+    void ReleaseAll(std::vector<QoDtDictItem*>& out);
     // Puts `fresh` in the place of `old` and frees `old`. The cursor stays.
     bool Replace(QoDtDictItem* old, QoDtDictItem* fresh);
     // Exchanges the whole content, cursors included, with another list.

@@ -76,8 +76,7 @@ bool QoDtDictOptionItem::ReadXml(QoUtXMLDOMNode& node) {
             selectionSeen = true;
         }
     }
-    ReadCommonXml(node.Element());
-    return true;
+    return ReadCommonXml(node);
 }
 
 void QoDtDictOptionItem::operator>>(CArchive& ar) const {

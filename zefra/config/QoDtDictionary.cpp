@@ -6,12 +6,14 @@
 #include "zefra/config/QoDtDictIntItem.h"
 #include "zefra/config/QoDtDictStringItem.h"
 #include "zefra/config/QoDtTextCodec.h"
+#include "zefra/config/QoDtTextEncoding.h"
 #include "zefra/config/QoDtXmlFile.h"
 #include "zefra/platform/mfc/CArchive.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -223,11 +225,45 @@ void QoDtDictionary::Swap(QoDtDictionary& other) {
 }
 
 int QoDtDictionary::GetDepth() const {
+    // Iterative: a tree built through the API may be far deeper than a file
+    // may hold.
+    std::vector<std::pair<const QoDtDictionary*, int>> pending{{this, 1}};
     int deepest = 0;
-    for (QoDtDictItem* const* child = children.GetFirst(); child != nullptr; child = children.GetNext(child))
-        if (*child != nullptr && (*child)->IsDict())
-            deepest = std::max(deepest, static_cast<const QoDtDictionary*>(*child)->GetDepth());
-    return deepest + 1;
+    while (!pending.empty()) {
+        const auto [dict, depth] = pending.back();
+        pending.pop_back();
+        deepest = std::max(deepest, depth);
+        for (QoDtDictItem* const* child = dict->children.GetFirst(); child != nullptr;
+             child = dict->children.GetNext(child))
+            if (*child != nullptr && (*child)->IsDict())
+                pending.emplace_back(static_cast<const QoDtDictionary*>(*child), depth + 1);
+    }
+    return deepest;
+}
+
+QoDtDictionary::~QoDtDictionary() {
+    // Trees of ordinary depth are freed the plain way (in list order, which
+    // the block pool's next use likes best). Below 256 levels the children
+    // of every dictionary are taken out before it is freed, so no
+    // destructor there frees a tree below it: the stack stays bounded
+    // however deep the tree is.
+    constexpr int kPlainDepth = 256;
+    static thread_local int nesting = 0;
+    if (children.GetLength() == 0) return;
+    if (nesting < kPlainDepth) {
+        ++nesting;
+        children.Reset();
+        --nesting;
+        return;
+    }
+    std::vector<QoDtDictItem*> pending;
+    children.ReleaseAll(pending);
+    while (!pending.empty()) {
+        QoDtDictItem* item = pending.back();
+        pending.pop_back();
+        if (item != nullptr && item->IsDict()) static_cast<QoDtDictionary*>(item)->children.ReleaseAll(pending);
+        delete item;
+    }
 }
 
 // ---- XML -----------------------------------------------------------------
@@ -278,8 +314,7 @@ bool QoDtDictionary::ReadXml(QoUtXMLDOMNode& node) {
         }
         children.Append(item.release());
     }
-    ReadCommonXml(node.Element());
-    return true;
+    return ReadCommonXml(node);
 }
 
 // ---- archive -------------------------------------------------------------
@@ -323,10 +358,56 @@ bool QoDtDictionary::ReadTree(CArchive& ar, int depth) {
 
 // ---- files ---------------------------------------------------------------
 
-bool QoDtDictionary::SaveToXML(const wchar_t* file, CString* message) const {
+bool QoDtDictionary::SaveToXML(const wchar_t* file, CString* message, bool overwriteChanged) const {
     const CString path(file);
     std::string error;
-    if (QoDtXmlFile::Save(*this, QoDtTextCodec::ToUtf8(path), error)) return true;
+    const std::string named = QoDtDiskFile::Absolute(QoDtTextCodec::ToUtf8(path));
+    const Source* const source = m_source.get();
+    // Held from the check to the note of what was written (the save takes
+    // it again): no other save comes between.
+    QoDtFileLock lock;
+    if (!lock.Acquire(named, error)) {
+        if (message != nullptr) *message = path + L": " + QoDtTextCodec::FromUtf8(error);
+        return false;
+    }
+    const auto check = [&](const std::string& target, std::string& cause) {
+        if (source == nullptr || source->resolved != QoDtDiskFile::Absolute(target)) return true;
+        const QoDtDiskFile::Identity now = QoDtDiskFile::IdentityOf(target);
+        if (!overwriteChanged && now.exists && now != source->identity) {
+            cause = "the file was changed by another program since it was loaded; not overwritten, so that those "
+                    "changes are not lost (load it again and repeat the change)";
+            return false;
+        }
+        if (source->encoding.empty() || source->encoding == QoDtTextEncoding::kUtf8 ||
+            !QoDtDiskFile::Exists(target))
+            return true;
+        // The first save in UTF-8 keeps the file as it was beside it.
+        std::string original;
+        if (!QoDtDiskFile::Read(target, QoDtXmlFile::kMaxFileBytes, original, cause)) {
+            cause = "cannot keep the original file: " + cause;
+            return false;
+        }
+        const std::string stem = target + "." + QoDtTextEncoding::FileSuffix(source->encoding);
+        std::string backup = stem + ".bak";
+        for (int n = 2; QoDtDiskFile::IdentityOf(backup).exists; ++n) backup = stem + "." + std::to_string(n) + ".bak";
+        if (!QoDtDiskFile::WriteNew(backup, original, cause)) {
+            cause = "cannot keep the original file: " + cause;
+            return false;
+        }
+        return true;
+    };
+    if (QoDtXmlFile::Save(*this, named, error, check)) {
+        std::string resolved;
+        std::string ignored;
+        if (!QoDtDiskFile::ResolveTarget(named, resolved, ignored)) resolved = named;
+        auto fresh = std::make_unique<Source>();
+        fresh->path = named;
+        fresh->resolved = QoDtDiskFile::Absolute(resolved);
+        fresh->encoding = QoDtTextEncoding::kUtf8;
+        fresh->identity = QoDtDiskFile::IdentityOf(fresh->resolved);
+        m_source = std::move(fresh);
+        return true;
+    }
     if (message != nullptr) *message = path + L": " + QoDtTextCodec::FromUtf8(error);
     return false;
 }
@@ -334,7 +415,18 @@ bool QoDtDictionary::SaveToXML(const wchar_t* file, CString* message) const {
 bool QoDtDictionary::LoadFromXML(const wchar_t* file, CString* message) {
     const CString path(file);
     std::string error;
-    if (QoDtXmlFile::Load(*this, QoDtTextCodec::ToUtf8(path), error)) return true;
+    const std::string named = QoDtDiskFile::Absolute(QoDtTextCodec::ToUtf8(path));
+    auto fresh = std::make_unique<Source>();
+    std::string resolved;
+    if (!QoDtDiskFile::ResolveTarget(named, resolved, error)) resolved = named;
+    fresh->path = named;
+    fresh->resolved = QoDtDiskFile::Absolute(resolved);
+    // Taken before the read: a change after it shows at the next save.
+    fresh->identity = QoDtDiskFile::IdentityOf(fresh->resolved);
+    if (QoDtXmlFile::Load(*this, named, error, &fresh->encoding)) {
+        m_source = std::move(fresh);
+        return true;
+    }
     if (message != nullptr) *message = path + L": " + QoDtTextCodec::FromUtf8(error);
     return false;
 }

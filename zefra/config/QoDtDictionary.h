@@ -17,9 +17,12 @@
 // never replaces a dictionary.
 
 #include "zefra/config/QoDtDictItem.h"
+#include "zefra/config/QoDtDiskFile.h"
 #include "zefra/config/QoDtDictItemList.h"
 #include "zefra/containers/QoDynArrayBase.h"
 
+#include <memory>
+#include <string>
 #include <string_view>
 
 class QoDtDictionary : public QoDtDictItem {
@@ -32,6 +35,8 @@ public:
     QoDtDictItemList children;
 
     QoDtDictionary() = default;
+    // Frees the tree without recursion, however deep it is.
+    ~QoDtDictionary() override;
 
     int GetType() const override { return eDtDictionary; }
     void CopyData(const QoDtDictItem& other) override;
@@ -71,11 +76,27 @@ public:
     // it as a whole (see QoDtDiskFile). False, with the cause in `message`
     // when one is given, if the file can't be written; the old file is then
     // left as it was.
-    bool SaveToXML(const wchar_t* file, CString* message = nullptr) const;
+    //
+    // The save holds the file's write lock (QoDtFileLock). When the file is
+    // the one this tree was loaded from (or last saved to) and another
+    // program has replaced it since, the save is refused, so that its
+    // changes are not lost without a word; `overwriteChanged` saves anyway.
+    // A file that was read in another encoding than UTF-8 is first kept
+    // beside itself as "<file>.<encoding>.bak" ("Config.xml.gbk.bak"), or
+    // "<file>.<encoding>.<n>.bak" when that name is taken.
+    bool SaveToXML(const wchar_t* file, CString* message = nullptr) const { return SaveToXML(file, message, false); }
+    bool SaveToXML(const wchar_t* file, CString* message, bool overwriteChanged) const;
     // Replaces this dictionary's content (key, local name, attributes and
     // children) by the file's. A missing, unreadable, malformed or foreign
     // file gives false with the cause in `message` and changes nothing.
+    // The tree remembers the file (see GetSourceFile).
     bool LoadFromXML(const wchar_t* file, CString* message = nullptr);
+
+    // The file this tree was last loaded from or saved to (absolute), and
+    // the encoding it was read in; empty if none.
+    std::string GetSourceFile() const { return m_source ? m_source->path : std::string(); }
+    std::string GetSourceEncoding() const { return m_source ? m_source->encoding : std::string(); }
+    void ForgetSourceFile() { m_source.reset(); }
 
     // Exchanges the whole content with another dictionary.
     void Swap(QoDtDictionary& other);
@@ -83,6 +104,16 @@ public:
     int GetDepth() const;
 
 private:
+    struct Source {
+        std::string path;      // absolute, as it was named
+        std::string resolved;  // the file behind symbolic links
+        std::string encoding;
+        QoDtDiskFile::Identity identity;
+    };
+    // Set by loads and saves; not part of the content (Swap and CopyData
+    // leave it).
+    mutable std::unique_ptr<Source> m_source;
+
     const QoDtDictItem* Lookup(std::wstring_view path) const;
     // The dictionary that holds the last component of `path`, and that
     // component; with `create`, missing dictionaries are added.

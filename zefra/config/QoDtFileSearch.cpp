@@ -1,5 +1,6 @@
 #include "zefra/config/QoDtFileSearch.h"
 
+#include "zefra/config/QoDtConfigStore.h"
 #include "zefra/config/QoDtDiskFile.h"
 #include "zefra/config/QoDtTextCodec.h"
 
@@ -104,6 +105,9 @@ bool QoDtFileSearch::SavePath(const std::string& found, const std::string& fileN
 
 bool FindFile(const wchar_t* name, CString& fullPath) {
     if (name == nullptr) return false;
+    // The file a global tree came from is the one its saves go back to,
+    // whatever a search would find now (the current directory changes).
+    if (QoDtConfigStore::SourceOf(name, fullPath)) return true;
     std::string found;
     if (!QoDtFileSearch::Find(QoDtTextCodec::ToUtf8(CString(name)), found)) return false;
     fullPath = QoDtTextCodec::FromUtf8(found);

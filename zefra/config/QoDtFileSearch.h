@@ -34,5 +34,7 @@ public:
 };
 
 // Finds one of the suite's files as described above. An absolute name is
-// taken as it stands.
+// taken as it stands. The file of a global tree (Config.xml, History.xml)
+// that was loaded or saved is the file that tree came from, not what a
+// search would find now.
 bool FindFile(const wchar_t* name, CString& fullPath);

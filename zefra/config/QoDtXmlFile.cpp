@@ -3,12 +3,16 @@
 #include "zefra/config/QoDtDictionary.h"
 #include "zefra/config/QoDtDiskFile.h"
 #include "zefra/config/QoDtTextCodec.h"
+#include "zefra/config/QoDtTextEncoding.h"
 #include "zefra/config/QoDtXmlOutput.h"
 #include "zefra/config/QoDtXmlReader.h"
 
 #include <pugixml.hpp>
 
 #include <algorithm>
+#include <cctype>
+#include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <vector>
@@ -24,6 +28,157 @@ const char kRootElement[] = "zefra-config";
 // element is still a node.
 constexpr unsigned kParseOptions =
     ((pugi::parse_default | pugi::parse_ws_pcdata_single) & ~pugi::parse_eol) | pugi::parse_embed_pcdata;
+
+bool StartsWith(const char* p, const char* end, const char* literal) {
+    const size_t n = std::strlen(literal);
+    return static_cast<size_t>(end - p) >= n && std::memcmp(p, literal, n) == 0;
+}
+
+bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+std::string CodePointName(uint32_t cp) {
+    char text[16];
+    std::snprintf(text, sizeof text, "U+%04X", static_cast<unsigned>(cp));
+    return text;
+}
+
+// Checks the reference at `p` ('&'): one of the five entities, or a
+// character reference to a character that text may hold (a NUL can't, nor
+// a non-character or half of a surrogate pair). No other entity is
+// declared: a file whose document type declares some is refused too.
+bool CheckReference(const char*& p, const char* end, std::string& error) {
+    const char* q = p + 1;
+    if (q < end && *q == '#') {
+        ++q;
+        const bool hex = q < end && *q == 'x';
+        if (hex) ++q;
+        uint64_t cp = 0;
+        int digits = 0;
+        for (; q < end && std::isxdigit(static_cast<unsigned char>(*q)) != 0 &&
+               (hex || std::isdigit(static_cast<unsigned char>(*q)) != 0);
+             ++q, ++digits) {
+            const int d = std::isdigit(static_cast<unsigned char>(*q)) != 0 ? *q - '0' : (std::tolower(*q) - 'a' + 10);
+            cp = std::min<uint64_t>(cp * (hex ? 16 : 10) + static_cast<uint64_t>(d), 0x7FFFFFFF);
+        }
+        if (digits == 0 || q >= end || *q != ';') {
+            error = "a malformed character reference";
+            return false;
+        }
+        if (cp == 0) {
+            error = "a character reference to NUL (&#0;), which text can't hold";
+            return false;
+        }
+        const bool nonCharacter = (cp >= 0xFDD0 && cp <= 0xFDEF) || (cp & 0xFFFE) == 0xFFFE;
+        if (cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF) || nonCharacter) {
+            error = "a character reference to " + (cp > 0x10FFFF ? std::string("a number beyond Unicode")
+                                                                   : "the non-character " + CodePointName(static_cast<uint32_t>(cp)));
+            return false;
+        }
+        p = q + 1;
+        return true;
+    }
+    const char* nameEnd = q;
+    while (nameEnd < end && *nameEnd != ';' && !IsSpace(*nameEnd) && *nameEnd != '<' && *nameEnd != '&' &&
+           *nameEnd != '"' && *nameEnd != '\'' && nameEnd - q < 64)
+        ++nameEnd;
+    const std::string name(q, nameEnd);
+    if (nameEnd >= end || *nameEnd != ';' || name.empty()) {
+        error = "a bare '&' (write &amp;)";
+        return false;
+    }
+    if (name != "amp" && name != "lt" && name != "gt" && name != "quot" && name != "apos") {
+        error = "the undeclared entity &" + name + ";";
+        return false;
+    }
+    p = nameEnd + 1;
+    return true;
+}
+
+// What the full parser lets pass and a configuration file may not hold:
+// references as above, and anything but comments, processing instructions
+// and white space after the root element. A linear walk over the text;
+// everything else is the parser's to judge. On a fault `offset` is where.
+bool CheckMarkup(const char* text, size_t size, std::string& error, ptrdiff_t& offset) {
+    const char* p = text;
+    const char* const end = text + size;
+    long depth = 0;
+    bool rootClosed = false;
+    const auto fail = [&](const char* at, std::string cause) {
+        offset = at - text;
+        error = std::move(cause);
+        return false;
+    };
+    const auto skipPast = [&](const char* literal) {
+        const char* found = std::search(p, end, literal, literal + std::strlen(literal));
+        p = found == end ? end : found + std::strlen(literal);
+    };
+    while (p < end) {
+        const char c = *p;
+        if (c == '<') {
+            if (StartsWith(p, end, "<!--")) {
+                p += 4;
+                skipPast("-->");
+            } else if (StartsWith(p, end, "<![CDATA[")) {
+                if (depth == 0) return fail(p, rootClosed ? "content after the root element" : "text before the root element");
+                p += 9;
+                skipPast("]]>");
+            } else if (StartsWith(p, end, "<?")) {
+                p += 2;
+                skipPast("?>");
+            } else if (StartsWith(p, end, "<!")) {
+                // A document type declaration, with its internal subset.
+                int brackets = 0;
+                for (++p; p < end; ++p) {
+                    if (*p == '[') ++brackets;
+                    if (*p == ']') --brackets;
+                    if (*p == '>' && brackets <= 0) break;
+                }
+                if (p < end) ++p;
+            } else if (StartsWith(p, end, "</")) {
+                if (depth == 0) return fail(p, "content after the root element");
+                while (p < end && *p != '>') ++p;
+                if (p < end) ++p;
+                if (--depth == 0) rootClosed = true;
+            } else {
+                if (rootClosed) return fail(p, "content after the root element");
+                const char* const tag = p;
+                char quote = 0;
+                for (++p; p < end; ++p) {
+                    if (quote != 0) {
+                        if (*p == quote) {
+                            quote = 0;
+                        } else if (*p == '&') {
+                            const char* at = p;
+                            if (!CheckReference(p, end, error)) return fail(at, error);
+                            --p;
+                        }
+                    } else if (*p == '"' || *p == '\'') {
+                        quote = *p;
+                    } else if (*p == '>') {
+                        break;
+                    }
+                }
+                if (p >= end) return true;  // the parser names that fault
+                const bool empty = p > tag && p[-1] == '/';
+                ++p;
+                if (!empty) {
+                    ++depth;
+                } else if (depth == 0) {
+                    rootClosed = true;
+                }
+            }
+        } else if (c == '&') {
+            if (depth == 0) return fail(p, rootClosed ? "content after the root element" : "text before the root element");
+            const char* at = p;
+            if (!CheckReference(p, end, error)) return fail(at, error);
+        } else {
+            if (depth == 0 && !IsSpace(c))
+                return fail(p, rootClosed ? "content after the root element" : "text before the root element");
+            ++p;
+        }
+    }
+    return true;
+}
 
 }  // namespace
 
@@ -73,8 +228,13 @@ bool QoDtXmlFile::Parse(QoDtDictionary& dict, char* text, size_t size, bool oneP
                         ptrdiff_t& offset) {
     offset = -1;
     if (onePass && QoDtXmlReader::Read(dict, std::string_view(text, size))) return true;
+    if (!CheckMarkup(text, size, error, offset)) {
+        error = "not well-formed XML: " + error;
+        return false;
+    }
     pugi::xml_document document;
-    const pugi::xml_parse_result parsed = document.load_buffer_inplace(text, size, kParseOptions, pugi::encoding_auto);
+    // The text is UTF-8 by now, whatever the declaration says.
+    const pugi::xml_parse_result parsed = document.load_buffer_inplace(text, size, kParseOptions, pugi::encoding_utf8);
     if (!parsed) {
         offset = parsed.offset;
         error = std::string("not well-formed XML: ") + parsed.description();
@@ -134,10 +294,13 @@ bool QoDtXmlFile::Parse(QoDtDictionary& dict, char* text, size_t size, bool oneP
 }
 
 bool QoDtXmlFile::ReadText(QoDtDictionary& dict, const std::string& text, bool onePass, std::string& error) {
-    std::string buffer(text);
+    std::vector<char> buffer(text.begin(), text.end());
+    std::string encoding;
+    if (!QoDtTextEncoding::ToUtf8(buffer, encoding, error)) return false;
+    const std::string decoded(buffer.data(), buffer.size());
     ptrdiff_t offset = -1;
     if (Parse(dict, buffer.data(), buffer.size(), onePass, error, offset)) return true;
-    error = Position(text, offset) + error;
+    error = Position(decoded, offset) + error;
     return false;
 }
 
@@ -149,12 +312,13 @@ bool QoDtXmlFile::FromTextByDocument(QoDtDictionary& dict, const std::string& te
     return ReadText(dict, text, false, error);
 }
 
-bool QoDtXmlFile::Save(const QoDtDictionary& dict, const std::string& path, std::string& error) {
+bool QoDtXmlFile::Save(const QoDtDictionary& dict, const std::string& path, std::string& error,
+                       const QoDtDiskFile::Check& check) {
     std::string text;
-    return ToText(dict, text, error) && QoDtDiskFile::WriteAtomically(path, text, error);
+    return ToText(dict, text, error) && QoDtDiskFile::WriteAtomically(path, text, error, check);
 }
 
-bool QoDtXmlFile::Load(QoDtDictionary& dict, const std::string& path, std::string& error) {
+bool QoDtXmlFile::Load(QoDtDictionary& dict, const std::string& path, std::string& error, std::string* encoding) {
     // The buffer is kept from load to load (up to kKeptBufferBytes, on each
     // thread). A large block taken afresh makes the allocator sort all its
     // small free blocks first, and the thousands of keys and values that the
@@ -163,17 +327,23 @@ bool QoDtXmlFile::Load(QoDtDictionary& dict, const std::string& path, std::strin
     const auto release = [] {
         if (buffer.capacity() > kKeptBufferBytes) std::vector<char>().swap(buffer);
     };
-    if (!QoDtDiskFile::Read(path, kMaxFileBytes, buffer, error)) {
+    std::string found;
+    if (!QoDtDiskFile::Read(path, kMaxFileBytes, buffer, error) || !QoDtTextEncoding::ToUtf8(buffer, found, error)) {
         release();
         return false;
     }
     ptrdiff_t offset = -1;
     const bool parsed = Parse(dict, buffer.data(), buffer.size(), true, error, offset);
     release();
-    if (parsed) return true;
+    if (parsed) {
+        if (encoding != nullptr) *encoding = found;
+        return true;
+    }
     // The parse changed the text; the position is counted on a fresh read.
-    std::string text;
+    std::vector<char> text;
     std::string ignored;
-    if (offset >= 0 && QoDtDiskFile::Read(path, kMaxFileBytes, text, ignored)) error = Position(text, offset) + error;
+    if (offset >= 0 && QoDtDiskFile::Read(path, kMaxFileBytes, text, ignored) &&
+        QoDtTextEncoding::ToUtf8(text, found, ignored))
+        error = Position(std::string(text.data(), text.size()), offset) + error;
     return false;
 }

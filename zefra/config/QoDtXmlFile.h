@@ -20,6 +20,8 @@
 // stand in the text, numbers as the shortest text that reads back exactly.
 // The one <dict> below the root element is the dictionary that was saved.
 
+#include "zefra/config/QoDtDiskFile.h"
+
 #include <cstddef>
 #include <string>
 
@@ -32,11 +34,16 @@ public:
     // Load keeps a read buffer of up to this size for the next load.
     static constexpr size_t kKeptBufferBytes = size_t{8} << 20;
 
-    static bool Save(const QoDtDictionary& dict, const std::string& path, std::string& error);
-    // Replaces the dictionary's content by the file's; on any failure the
-    // dictionary stays as it was and `error` says why (with line and column
-    // for faults in the XML).
-    static bool Load(QoDtDictionary& dict, const std::string& path, std::string& error);
+    // Writes the file in UTF-8 (see QoDtDiskFile::WriteAtomically for
+    // `check`).
+    static bool Save(const QoDtDictionary& dict, const std::string& path, std::string& error,
+                     const QoDtDiskFile::Check& check = QoDtDiskFile::Check());
+    // Replaces the dictionary's content by the file's, read in its encoding
+    // (see QoDtTextEncoding), which goes to `encoding` when given; on any
+    // failure the dictionary stays as it was and `error` says why (with line
+    // and column for faults in the XML, and the bytes for invalid ones).
+    static bool Load(QoDtDictionary& dict, const std::string& path, std::string& error,
+                     std::string* encoding = nullptr);
 
     static bool ToText(const QoDtDictionary& dict, std::string& text, std::string& error);
     static bool FromText(QoDtDictionary& dict, const std::string& text, std::string& error);

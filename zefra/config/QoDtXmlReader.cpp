@@ -98,9 +98,8 @@ bool QoDtXmlReader::Document(QoDtDictionary& dict) {
     if (!SpaceUntilTag() || !Skip('<') || !Name(tag) || tag != "dict") return false;
     bool dictEmpty = false;
     const bool read = Attributes(
-                          [&dict](std::string_view name, std::string_view value) {
-                              dict.TakeXmlAttribute(name, QoDtTextCodec::FromUtf8(value));
-                              return true;
+                          [&dict, seen = 0u](std::string_view name, std::string_view value) mutable {
+                              return dict.TakeXmlAttribute(name, QoDtTextCodec::FromUtf8(value), seen);
                           },
                           dictEmpty) &&
                       Dictionary(dict, 1, dictEmpty);
@@ -123,9 +122,8 @@ bool QoDtXmlReader::Dictionary(QoDtDictionary& dict, int depth, bool empty) {
         std::unique_ptr<QoDtDictItem> item(QoDtDictItem::Create(type));
         bool itemEmpty = false;
         const bool attributes = Attributes(
-            [&item](std::string_view name, std::string_view value) {
-                item->TakeXmlAttribute(name, QoDtTextCodec::FromUtf8(value));
-                return true;
+            [&item, seen = 0u](std::string_view name, std::string_view value) mutable {
+                return item->TakeXmlAttribute(name, QoDtTextCodec::FromUtf8(value), seen);
             },
             itemEmpty);
         if (!attributes) return false;
@@ -283,7 +281,9 @@ bool QoDtXmlReader::Reference(std::string& out) {
             if (cp > 0x10FFFF) return false;
         }
         // A NUL can't be text, nor can half of a surrogate pair.
-        if (digits == 0 || !Skip(';') || cp == 0 || (cp >= 0xD800 && cp <= 0xDFFF)) return false;
+        // Nor can a non-character; the full parser's check names the fault.
+        const bool nonCharacter = (cp >= 0xFDD0 && cp <= 0xFDEF) || (cp & 0xFFFE) == 0xFFFE;
+        if (digits == 0 || !Skip(';') || cp == 0 || (cp >= 0xD800 && cp <= 0xDFFF) || nonCharacter) return false;
         AppendUtf8(out, cp);
         return true;
     }

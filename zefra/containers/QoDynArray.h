@@ -77,6 +77,8 @@ public:
 protected:
     static constexpr int kDefaultAllocUnit = 10;
 
+    void CopyToCur(const T& d) override { m_data[this->m_cur] = d; }
+
     // Replaces the buffer by one of `space` elements holding the first
     // `kept` old elements; `d` goes to `slot` (if not -1) before the old
     // buffer is freed, and the old elements from `slot` on go one up.

@@ -26,11 +26,13 @@ template <typename T>
 class QoDynArrayBase {
 public:
     QoDynArrayBase() = default;
-    // Copy only the length and the cursor: the derived classes copy elements.
+
+protected:
+    // Copy only the length and the cursor: they serve the derived classes,
+    // which copy the elements themselves.
     QoDynArrayBase(const QoDynArrayBase&) = default;
     QoDynArrayBase& operator=(const QoDynArrayBase&) = default;
 
-protected:
     virtual void ReAllocate(int n) = 0;
 
 public:
@@ -59,6 +61,17 @@ public:
     virtual void Sort(int (*compare)(const T&, const T&)) = 0;
     virtual void Sort(bool ascending) = 0;
     virtual bool Move(int from, int to);
+
+protected:
+    // Every operation here that copies elements into a container (DeepCopy,
+    // Left, Right, Mid, operator<< of a container, SetAll, and so the
+    // assignments of the derived classes) stores them through this hook: it
+    // puts a copy of d into the cursor's slot in place of what the slot held.
+    // The owning containers copy the pointee instead of the pointer, so a
+    // copy never leaves two owners of one object.
+    virtual void CopyToCur(const T& d) { SetCurData(d); }
+
+public:
 
     int GetLength() const { return m_length; }
     int GetMaxIndex() const { return m_length - 1; }
@@ -201,7 +214,7 @@ QoDynArrayBase<T>& QoDynArrayBase<T>::operator<<(const QoDynArrayBase& o) {
     MoveTo(oldLength);
     const T* p = o.GetFirst();
     for (int k = 0; k < count; ++k, p = o.GetNext(p)) {
-        SetCurData(*p);
+        CopyToCur(*p);
         MoveToNext();
     }
     return *this;
@@ -213,7 +226,7 @@ QoDynArrayBase<T>& QoDynArrayBase<T>::operator<<(const QoArray<T>& o) {
     SetLength(oldLength + o.GetLength(), true);
     MoveTo(oldLength);
     for (int k = 0; k < o.GetLength(); ++k) {
-        SetCurData(o.GetAt(k));
+        CopyToCur(o.GetAt(k));
         MoveToNext();
     }
     return *this;
@@ -221,7 +234,7 @@ QoDynArrayBase<T>& QoDynArrayBase<T>::operator<<(const QoArray<T>& o) {
 
 template <typename T>
 void QoDynArrayBase<T>::SetAll(const T& d) {
-    for (MoveToFirst(); !IsOut(); MoveToNext()) SetCurData(d);
+    for (MoveToFirst(); !IsOut(); MoveToNext()) CopyToCur(d);
 }
 
 template <typename T>
@@ -230,7 +243,7 @@ void QoDynArrayBase<T>::DeepCopy(const QoDynArrayBase& o) {
     SetLength(o.m_length, false);
     MoveToFirst();
     for (const T* p = o.GetFirst(); p != nullptr; p = o.GetNext(p)) {
-        SetCurData(*p);
+        CopyToCur(*p);
         MoveToNext();
     }
 }
@@ -240,7 +253,7 @@ void QoDynArrayBase<T>::DeepCopy(const QoArray<T>& o) {
     SetLength(o.GetLength(), false);
     MoveToFirst();
     for (int k = 0; k < o.GetLength(); ++k) {
-        SetCurData(o.GetAt(k));
+        CopyToCur(o.GetAt(k));
         MoveToNext();
     }
 }
@@ -250,14 +263,15 @@ void QoDynArrayBase<T>::CopyRangeTo(int first, int count, QoDynArrayBase& out) c
     if (count < 0) count = 0;
     const T* p = count > 0 ? GetTo(first) : nullptr;
     if (&out == this) {
-        // Collect first: resizing the output would disturb the source.
-        std::vector<T> kept;
-        kept.reserve(static_cast<std::size_t>(count));
-        for (int k = 0; k < count && p != nullptr; ++k, p = GetNext(p)) kept.push_back(*p);
-        out.SetLength(static_cast<int>(kept.size()), false);
-        out.MoveToFirst();
-        for (const T& d : kept) {
-            out.SetCurData(d);
+        // A container cut down to a part of itself keeps those very elements:
+        // nothing is copied, so nothing can be read after it was freed.
+        const int end = p == nullptr ? 0 : (count > m_length - first ? m_length : first + count);
+        out.SetLength(end, true);
+        for (int k = first; k > 0 && end > 0; --k) out.DelHead();
+        if (end == 0) {
+            out.MoveToFirst();
+        } else {
+            out.MoveToLast();
             out.MoveToNext();
         }
         return;
@@ -265,13 +279,17 @@ void QoDynArrayBase<T>::CopyRangeTo(int first, int count, QoDynArrayBase& out) c
     out.SetLength(count, false);
     out.MoveToFirst();
     for (int k = 0; k < count && p != nullptr; ++k, p = GetNext(p)) {
-        out.SetCurData(*p);
+        out.CopyToCur(*p);
         out.MoveToNext();
     }
 }
 
 template <typename T>
 void QoDynArrayBase<T>::Exchange(int i, int j) {
+    // Grow first, as the two operator[] calls would: a reference taken
+    // before a growth would point into the freed buffer.
+    if (i >= m_length) ReAllocate(i + 1);
+    if (j >= m_length) ReAllocate(j + 1);
     T& a = (*this)[i];
     T& b = (*this)[j];
     using std::swap;

@@ -11,7 +11,9 @@
 #include "zefra/containers/QoDynArrayBase.h"
 
 #include <functional>
-#include <typeinfo>
+
+template <typename T>
+class QoDList;
 
 template <typename T>
 struct QoListNode {
@@ -76,7 +78,8 @@ public:
     virtual void DetachAfterCur();
     // Moves the elements pos.. of `other` onto the end of this list and
     // returns the new length. An invalid pos, `other` being this list, or
-    // `other` having another kind of node moves nothing.
+    // `other` being a doubly linked list (whose nodes are of another kind)
+    // moves nothing; any other list of this node type gives its nodes.
     virtual int Conbine(QoList& other, int pos);
     // Reverses the order by relinking; the cursor stays on its element.
     virtual void ReverseList();
@@ -109,6 +112,7 @@ protected:
 
     // Grows by appending default elements; never shrinks. The cursor stays.
     void ReAllocate(int n) override;
+    void CopyToCur(const T& d) override { m_curNode->data = d; }
 
     static Node* NodeOf(const T* p) { return reinterpret_cast<Node*>(const_cast<T*>(p)); }
     void SetCursor(Node* node, int index) {
@@ -347,7 +351,8 @@ void QoList<T>::DetachAfterCur() {
 
 template <typename T>
 int QoList<T>::Conbine(QoList& other, int pos) {
-    if (&other == this || !other.IsValidIndex(pos) || typeid(other) != typeid(QoList<T>)) return this->m_length;
+    if (&other == this || !other.IsValidIndex(pos) || dynamic_cast<const QoDList<T>*>(&other) != nullptr)
+        return this->m_length;
     Node* const node = m_curNode;
     const int index = this->m_cur;
     other.MoveTo(pos);
@@ -395,3 +400,6 @@ void QoList<T>::Rotate(int from, int to) {
     m_tail = newTail;
     m_tail->next = m_head;
 }
+
+// Conbine must know the doubly linked list, whichever header comes first.
+#include "zefra/containers/QoDList.h"

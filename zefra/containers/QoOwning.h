@@ -4,11 +4,14 @@
 // length. Storage is the cursor container of pointers underneath
 // (QoDynArray<T*>, QoDList<T*> or QoXList<T*>).
 //
-// Every pointee has exactly one owner. Copying an owning container (copy
-// constructor, operator=, DeepCopy) gives the copy objects of its own,
-// copy-constructed from the source's pointees. Handing a pointer in (Append,
-// PlaceIn, SortInto, operator<<) passes its ownership to the container;
-// TakeOff hands ownership back out.
+// Every pointee has exactly one owner. Whatever copies elements into an
+// owning container (copy constructor, operator=, DeepCopy, Left, Right, Mid,
+// operator<< of a container, SetAll through the base), also when it is
+// called through a reference to a base class, gives it objects of its own,
+// copy-constructed from the source's pointees: the base stores copies
+// through the CopyToCur hook, which is overridden here. Handing a pointer in
+// (Append, Insert, PlaceIn, SortInto, operator<< of a pointer) passes its
+// ownership to the container; TakeOff hands ownership back out.
 
 #include "zefra/containers/QoDynArrayBase.h"
 
@@ -102,10 +105,17 @@ public:
     // Inserts p in pointee order and takes it over when the result is true.
     bool SortInto(T* p, bool allowEqual);
 
-    // Copies the pointees of o (o keeps its own).
-    void DeepCopy(const Base& o) { CloneFrom(o); }
     QoOwning& operator<<(T* p) {
         this->Append(p);
+        return *this;
+    }
+    // Appends copies of the pointees of o (o keeps its own).
+    QoOwning& operator<<(const Base& o) {
+        Base::operator<<(o);
+        return *this;
+    }
+    QoOwning& operator<<(const QoArray<T*>& o) {
+        Base::operator<<(o);
         return *this;
     }
 
@@ -121,7 +131,16 @@ protected:
     // Many slots holding one pointer would be many owners.
     void SetAll(T* const&) {}
 
-    void CloneFrom(const Base& o);
+    // The slot gets a copy of *d (or stays empty for a null d), and the
+    // object it held goes. A slot that holds d itself keeps it.
+    void CopyToCur(T* const& d) override {
+        T*& slot = this->GetCurData();
+        if (slot == d) return;
+        T* const copy = d != nullptr ? new T(*d) : nullptr;
+        delete slot;
+        slot = copy;
+    }
+    void CloneFrom(const Base& o) { Base::DeepCopy(o); }
 
     static bool ElementAbove(T* const& element, const T& d) { return d < *element; }
     static bool ValueAbove(const T& d, T* const& element) { return d > *element; }
@@ -205,16 +224,4 @@ bool QoOwning<T, Storage>::operator==(const QoOwning& o) const {
         if (*a != nullptr && **a != **b) return false;
     }
     return true;
-}
-
-template <typename T, typename Storage>
-void QoOwning<T, Storage>::CloneFrom(const Base& o) {
-    if (&o == this) return;
-    ReleaseAll();
-    this->SetLength(o.GetLength(), false);
-    this->MoveToFirst();
-    for (T* const* p = o.GetFirst(); p != nullptr; p = o.GetNext(p)) {
-        this->SetCurData(*p != nullptr ? new T(**p) : nullptr);
-        this->MoveToNext();
-    }
 }

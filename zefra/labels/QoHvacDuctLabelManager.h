@@ -19,6 +19,7 @@
 #include "zefra/labels/QoHvacDuctLabelItem.h"
 #include "zefra/module/QoModuleSingleton.h"
 #include "zefra/platform/entities/QoDbHvacDuct.h"
+#include "zefra/platform/entities/QoDbHvacLabel.h"
 #include "zefra/platform/host/AcDbObjectId.h"
 #include "zefra/platform/mfc/CString.h"
 
@@ -60,9 +61,10 @@ public:
     ELengthUnit GetLengthUnit() const { return static_cast<ELengthUnit>(m_lengthUnit.GetCurSelIndex()); }
     // "m" or "mm".
     CString GetLengthUnitString() const;
-    // An index into the store's choices of end marks (the label entity's
-    // lead point type).
-    int GetArrowType() const { return m_arrowType.GetCurSelIndex(); }
+    // The selection among the store's choices of end marks.
+    QoDbHvacLabel::ELeadLabelPtType GetArrowType() const {
+        return static_cast<QoDbHvacLabel::ELeadLabelPtType>(m_arrowType.GetCurSelIndex());
+    }
     double GetArrowSize() const { return m_arrowSize; }
     EAutoLabelPos GetAutoLabelPos() const { return static_cast<EAutoLabelPos>(m_autoPos.GetCurSelIndex()); }
     double GetAutoLabelSpace() const { return m_autoLabelSpace; }

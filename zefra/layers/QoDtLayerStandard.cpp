@@ -67,36 +67,37 @@ QoDtLayerStandard::Sources QoDtLayerStandard::FindSources(const CString& key) co
     Sources sources;
     CString modelKey = key;
     if (const HVAC::SHvacSystemKind* kind = HVAC::SHvacSystemKind::FindByLayerKey(key)) {
-        CString groupName;
-        sources.entry = FindAssemblyEntry(*kind, key, groupName);
-        if (sources.entry) {
-            // The group is named by the system's display name.
-            if (const QoDtDictionary* systems = FindSystemDict(*kind)) {
-                for (QoDtDictItem* const* p = systems->children.GetFirst(); p; p = systems->children.GetNext(p)) {
-                    if (!(*p)->IsDict() && (*p)->localname == groupName) {
-                        sources.system = *p;
-                        break;
-                    }
-                }
-            }
+        sources.system = FindSystemInKey(*kind, key);
+        if (sources.system) {
+            // Only the group of the system that bears the key now counts: a
+            // group left behind under a former display name never wins.
+            sources.entry = FindLeafChild(FindGroup(*kind, sources.system->localname), key);
+            kind->RemoveSystemPart(key, sources.system->name, modelKey);
         } else {
-            sources.system = FindSystemInKey(*kind, key);
+            sources.entry = FindEntryOfAnySystem(*kind, key, sources.system);
         }
-        if (sources.system) kind->RemoveSystemPart(key, sources.system->name, modelKey);
     }
     sources.model = FindModelDef(key);
     if (!sources.model && modelKey != key) sources.model = FindModelDef(modelKey);
     return sources;
 }
 
-const QoDtDictItem* QoDtLayerStandard::FindAssemblyEntry(const HVAC::SHvacSystemKind& kind, const CString& key,
-                                                         CString& groupName) const {
+const QoDtDictionary* QoDtLayerStandard::FindGroup(const HVAC::SHvacSystemKind& kind, const CString& name) const {
     const QoDtDictionary* groups = m_assemblyRoot ? m_assemblyRoot->FindDict(kind.assemblyDict) : nullptr;
-    if (!groups) return nullptr;
-    for (QoDtDictItem* const* p = groups->children.GetFirst(); p; p = groups->children.GetNext(p)) {
-        if (!(*p)->IsDict()) continue;
-        if (const QoDtDictItem* entry = FindLeafChild(static_cast<const QoDtDictionary*>(*p), key)) {
-            groupName = (*p)->name;
+    if (!groups || name.IsEmpty()) return nullptr;
+    for (QoDtDictItem* const* p = groups->children.GetFirst(); p; p = groups->children.GetNext(p))
+        if ((*p)->IsDict() && (*p)->name == name) return static_cast<const QoDtDictionary*>(*p);
+    return nullptr;
+}
+
+const QoDtDictItem* QoDtLayerStandard::FindEntryOfAnySystem(const HVAC::SHvacSystemKind& kind, const CString& key,
+                                                            const QoDtDictItem*& system) const {
+    const QoDtDictionary* systems = FindSystemDict(kind);
+    if (!systems) return nullptr;
+    for (QoDtDictItem* const* p = systems->children.GetFirst(); p; p = systems->children.GetNext(p)) {
+        if ((*p)->IsDict()) continue;
+        if (const QoDtDictItem* entry = FindLeafChild(FindGroup(kind, (*p)->localname), key)) {
+            system = *p;
             return entry;
         }
     }

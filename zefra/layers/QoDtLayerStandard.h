@@ -10,6 +10,9 @@
 // assembly entry, the definition of its key without the system part, and the
 // system item that has it; a layer name that the entry leaves empty is the
 // model definition's name followed by "-" and the system's display name.
+// The system of a key is the one whose key stands in its system part, and
+// its entry is looked for only in the group named by that system's display
+// name now.
 
 #include "zefra/layers/QoDtLayerDef.h"
 #include "zefra/layers/SHvacSystemKind.h"
@@ -47,8 +50,13 @@ private:
     };
 
     Sources FindSources(const CString& key) const;
-    const QoDtDictItem* FindAssemblyEntry(const HVAC::SHvacSystemKind& kind, const CString& key,
-                                          CString& groupName) const;
+    // The kind's group of that display name; null if none.
+    const QoDtDictionary* FindGroup(const HVAC::SHvacSystemKind& kind, const CString& name) const;
+    // For a key without a system part: the first entry of the key in the
+    // group of one of the kind's systems, in the order of the systems, and
+    // that system.
+    const QoDtDictItem* FindEntryOfAnySystem(const HVAC::SHvacSystemKind& kind, const CString& key,
+                                             const QoDtDictItem*& system) const;
     QoDtDictionary* FindSystemDict(const HVAC::SHvacSystemKind& kind) const;
     const QoDtDictItem* FindSystemInKey(const HVAC::SHvacSystemKind& kind, const CString& key) const;
     const QoDtDictItem* FindSystemByKey(const CString& key) const;

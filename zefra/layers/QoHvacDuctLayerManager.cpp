@@ -38,6 +38,85 @@ bool CursorIsValid(const QoDtDictItemList& children) {
     return children.GetCur() >= 0 && children.GetCur() < children.GetLength();
 }
 
+// Removes that very item from the dictionary's list; the list frees it.
+void DeleteItem(QoDtDictionary* dict, const QoDtDictItem* item) {
+    if (!dict || !item) return;
+    QoDtDictItemList& children = dict->children;
+    for (children.MoveToFirst(); !children.IsOut(); children.MoveToNext()) {
+        if (children.GetCurData() == item) {
+            children.DelCur();
+            return;
+        }
+    }
+}
+
+// The system item of that key: a leaf child; null for a null dictionary.
+QoDtDictItem* FindSystemItem(QoDtDictionary* systems, const CString& key) {
+    if (!systems) return nullptr;
+    for (QoDtDictItem* const* p = systems->children.GetFirst(); p; p = systems->children.GetNext(p))
+        if (!(*p)->IsDict() && (*p)->name == key) return *p;
+    return nullptr;
+}
+
+// The group named by a display name: a dictionary child.
+QoDtDictionary* FindGroup(QoDtDictionary* groups, const CString& name) {
+    if (!groups) return nullptr;
+    for (QoDtDictItem* const* p = groups->children.GetFirst(); p; p = groups->children.GetNext(p))
+        if ((*p)->IsDict() && (*p)->name == name) return static_cast<QoDtDictionary*>(*p);
+    return nullptr;
+}
+
+bool OtherSystemNamed(QoDtDictionary* systems, const CString& name, const QoDtDictItem* except) {
+    for (QoDtDictItem* const* p = systems->children.GetFirst(); p; p = systems->children.GetNext(p))
+        if (*p != except && !(*p)->IsDict() && (*p)->localname == name) return true;
+    return false;
+}
+
+// A group under a name that no system of the kind bears resolves nothing;
+// before a system takes that name, such leftovers go, so that the name
+// brings along nothing but the system's own group.
+void DeleteLeftoverGroups(QoDtDictionary* groups, const CString& name) {
+    while (QoDtDictionary* leftover = FindGroup(groups, name)) DeleteItem(groups, leftover);
+}
+
+// Keys go into layer keys, where "-" separates the parts; names and keys
+// both become dictionary keys, where "\\" separates a path.
+bool IsSystemKey(const CString& key) {
+    return !key.IsEmpty() && key.Find(L'\\') < 0 && key.Find(L'-') < 0;
+}
+
+bool IsSystemName(const CString& name) { return !name.IsEmpty() && name.Find(L'\\') < 0; }
+
+bool IsLook(const QoHvacDuctLayerManager::SSystemLook& look) {
+    if (look.colorIndex && (*look.colorIndex < 0 || *look.colorIndex > 256)) return false;
+    return !look.lineType || !look.lineType->IsEmpty();
+}
+
+void ApplyLook(QoDtDictItem& system, const QoHvacDuctLayerManager::SSystemLook& look) {
+    if (look.lineType) system.SetAttributeValue(L"linetype", *look.lineType);
+    if (look.colorIndex) {
+        CString color;
+        color.Format(L"%d", *look.colorIndex);
+        system.SetAttributeValue(L"color", color);
+    }
+    if (look.comment) system.SetAttributeValue(L"comment", *look.comment);
+    if (look.value && system.GetType() == QoDtDictItem::eDtString)
+        static_cast<QoDtDictStringItem&>(system).value = *look.value;
+}
+
+// Gives an entry a new layer key; an entry of that key already in the group
+// (a leftover) makes room.
+void RekeyEntry(QoDtDictionary& group, QoDtDictItem& entry, const CString& layerKey) {
+    if (entry.name == layerKey) return;
+    for (QoDtDictItem* const* p = group.children.GetFirst(); p; p = group.children.GetNext(p)) {
+        if (*p != &entry && (*p)->name == layerKey) {
+            DeleteItem(&group, *p);
+            break;
+        }
+    }
+    entry.name = layerKey;
+}
+
 }  // namespace
 
 QoHvacDuctLayerManager* QoHvacDuctLayerManager::GetInstance() {
@@ -225,6 +304,130 @@ bool QoHvacDuctLayerManager::AddSystem(const CString& key, const CString& name, 
         for (const CString& layerKey : layerKeys) group->FindOrAddItem(layerKey, QoDtDictItem::eDtString);
     }
     return true;
+}
+
+QoHvacDuctLayerManager::ESystemEdit QoHvacDuctLayerManager::RenameSystem(const CString& key, const CString& newKeyArg,
+                                                                        const CString& newNameArg,
+                                                                        const SSystemLook& look,
+                                                                        EQoDbHvacSystemType kind) {
+    ReRead();
+    const HVAC::SHvacSystemKind* row = HVAC::SHvacSystemKind::Find(kind);
+    QoDtDictionary* systems = GetSysDefDict(kind);
+    if (!row || !systems) return eNoSystemList;
+    QoDtDictItem* system = FindSystemItem(systems, key);
+    if (!system) return eUnknownSystem;
+    const CString oldName = system->localname;
+    const CString newKey = newKeyArg.IsEmpty() ? key : newKeyArg;
+    const CString newName = newNameArg.IsEmpty() ? oldName : newNameArg;
+    if (newKey != key) {
+        if (!IsSystemKey(newKey)) return eBadKey;
+        if (FindChild(systems, newKey)) return eKeyTaken;
+    }
+    if (newName != oldName) {
+        if (!IsSystemName(newName)) return eBadName;
+        if (OtherSystemNamed(systems, newName, system)) return eNameTaken;
+    }
+    if (!IsLook(look)) return eBadLook;
+
+    QoDtDictionary* groups = GetAssDict(kind);
+    QoDtDictionary* group = FindGroup(groups, oldName);
+    // A display name that another system shares keeps its group; only the
+    // entries of this system leave it.
+    const bool shared = group && OtherSystemNamed(systems, oldName, system);
+    if (newName != oldName) DeleteLeftoverGroups(groups, newName);
+    if (group && !shared) {
+        if (newName != oldName) {
+            group->name = newName;
+            if (group->localname == oldName) group->localname = newName;
+        }
+        std::vector<QoDtDictItem*> entries;
+        for (QoDtDictItem* const* p = group->children.GetFirst(); p; p = group->children.GetNext(p)) entries.push_back(*p);
+        CString layerKey;
+        for (QoDtDictItem* entry : entries)
+            if (row->ReplaceSystemPart(entry->name, key, newKey, layerKey)) RekeyEntry(*group, *entry, layerKey);
+    } else if (group) {
+        QoDtDictionary* target = newName == oldName ? group : groups->FindOrAddDict(newName);
+        std::vector<QoDtDictItem*> entries;
+        for (QoDtDictItem* const* p = group->children.GetFirst(); p; p = group->children.GetNext(p)) entries.push_back(*p);
+        CString layerKey;
+        for (QoDtDictItem* entry : entries) {
+            if (!row->ReplaceSystemPart(entry->name, key, newKey, layerKey)) continue;
+            if (target == group) {
+                RekeyEntry(*group, *entry, layerKey);
+            } else if (QoDtDictItem* moved = target->FindOrAddItem(layerKey, entry->GetType())) {
+                moved->CopyData(*entry);
+                moved->name = layerKey;
+                DeleteItem(group, entry);
+            }
+        }
+    }
+
+    // The flag set is keyed by the system key; its item's text is the name.
+    QoDtDictionary* zefra = g_dictCfg.FindDict(L"ZEFRA");
+    QoDtDictionary* flagSet = zefra ? zefra->FindDict(row->flagSet) : nullptr;
+    if (QoDtDictItem* flag = FindChild(flagSet, key)) {
+        if (newKey != key) {
+            while (QoDtDictItem* leftover = FindChild(flagSet, newKey)) DeleteItem(flagSet, leftover);
+            flag->name = newKey;
+        }
+        if (flag->GetType() == QoDtDictItem::eDtString) {
+            CString& text = static_cast<QoDtDictStringItem*>(flag)->value;
+            if (text == oldName) text = newName;
+        }
+    }
+
+    system->SetAttributeValue(L"name", newKey);
+    system->SetAttributeValue(L"localname", newName);
+    ApplyLook(*system, look);
+    return eSystemEdited;
+}
+
+QoHvacDuctLayerManager::ESystemEdit QoHvacDuctLayerManager::AddSystemFromSample(const CString& key, const CString& name,
+                                                                               const CString& sampleArg,
+                                                                               const SSystemLook& look,
+                                                                               EQoDbHvacSystemType kind) {
+    ReRead();
+    const HVAC::SHvacSystemKind* row = HVAC::SHvacSystemKind::Find(kind);
+    QoDtDictionary* systems = GetSysDefDict(kind);
+    if (!row || !systems) return eNoSystemList;
+    if (!IsSystemKey(key)) return eBadKey;
+    if (!IsSystemName(name)) return eBadName;
+    if (FindChild(systems, key)) return eKeyTaken;
+    if (OtherSystemNamed(systems, name, nullptr)) return eNameTaken;
+    if (!IsLook(look)) return eBadLook;
+    CString sample = sampleArg;
+    if (sample.IsEmpty()) {
+        for (QoDtDictItem* const* p = systems->children.GetFirst(); p && sample.IsEmpty(); p = systems->children.GetNext(p))
+            if (!(*p)->IsDict()) sample = (*p)->name;
+    }
+    const QoDtDictItem* sampleItem = FindSystemItem(systems, sample);
+    if (!sampleItem) return eUnknownSample;
+
+    // The sample's keys are read before anything is added.
+    QoDtDictionary* groups = GetAssDict(kind);
+    const QoDtDictionary* sampleGroup = FindGroup(groups, sampleItem->localname);
+    std::vector<CString> layerKeys;
+    if (sampleGroup) {
+        CString layerKey;
+        for (QoDtDictItem* const* p = sampleGroup->children.GetFirst(); p; p = sampleGroup->children.GetNext(p))
+            if (row->ReplaceSystemPart((*p)->name, sample, key, layerKey)) layerKeys.push_back(layerKey);
+    }
+    QoDtDictItem* system = systems->FindOrAddItem(key, QoDtDictItem::eDtString);
+    if (!system) return eNoSystemList;
+    system->SetAttributeValue(L"name", key);
+    system->SetAttributeValue(L"localname", name);
+    sampleItem->GetAttributes().ForEach([system](const CString& attribute, const CString& text) {
+        if (attribute != L"comment") system->SetAttributeValue(attribute, text);
+    });
+    system->SetAttributeValue(L"comment", L"");
+    ApplyLook(*system, look);
+
+    DeleteLeftoverGroups(groups, name);
+    if (sampleGroup) {
+        if (QoDtDictionary* group = groups->FindOrAddDict(name))
+            for (const CString& layerKey : layerKeys) group->FindOrAddItem(layerKey, QoDtDictItem::eDtString);
+    }
+    return eSystemEdited;
 }
 
 bool QoHvacDuctLayerManager::DelSystem(const CString& key, EQoDbHvacSystemType kind) {

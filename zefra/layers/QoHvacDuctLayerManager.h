@@ -18,6 +18,8 @@
 #include "zefra/platform/entities/QoHvacEntProperty.h"
 #include "zefra/platform/mfc/CArray.h"
 
+#include <optional>
+
 template <typename T>
 class QoModuleSingleton;
 
@@ -72,6 +74,46 @@ public:
                    HVAC::EQoDbHvacSystemType kind);
     // Removes the system and its layer group; false for an unknown key.
     bool DelSystem(const CString& key, HVAC::EQoDbHvacSystemType kind);
+
+    // What a caller sets on a system in RenameSystem and AddSystemFromSample;
+    // a field left unset keeps what the system has (renaming) or takes it
+    // from the sample (adding; the comment, a pipe code, starts empty then).
+    struct SSystemLook {
+        std::optional<CString> lineType;
+        std::optional<int> colorIndex;  // 0 ... 256
+        std::optional<CString> comment;
+        std::optional<CString> value;
+    };
+
+    enum ESystemEdit {
+        eSystemEdited,
+        eNoSystemList,       // the kind has no definition dictionary
+        eUnknownSystem,      // no system of that key in the kind
+        eUnknownSample,      // no system of the sample key in the kind, or none at all
+        eBadKey,             // empty, or holding "\\" or "-"
+        eBadName,            // empty, or holding "\\"
+        eKeyTaken,           // another system of the kind has the key
+        eNameTaken,          // another system of the kind has the display name
+        eBadLook,            // a colour outside 0 ... 256 or an empty line type
+    };
+
+    // Gives the system of `key` a new key and display name (either may stay
+    // the same, an empty one means unchanged) and the given look. The system
+    // keeps one group: it moves under the new display name with its entries,
+    // their layer names and attributes; a new key replaces the old one only
+    // where it stands as the system part of a layer key. The flag moves with
+    // the key. Names and keys of other kinds are no concern: each kind is a
+    // register of its own. Nothing changes unless the result is eSystemEdited.
+    ESystemEdit RenameSystem(const CString& key, const CString& newKey, const CString& newName,
+                             const SSystemLook& look, HVAC::EQoDbHvacSystemType kind);
+    // Adds a new system that copies line type, colour and the other
+    // attributes of a sample of the same kind (empty: the kind's first
+    // system), and a group holding the sample's layer keys with the new key
+    // in their system part; the entries' layer names are left empty, so they
+    // follow the new display name. Unlike AddSystem it refuses a key or name
+    // that the kind has, and a sample of another kind.
+    ESystemEdit AddSystemFromSample(const CString& key, const CString& name, const CString& sample,
+                                    const SSystemLook& look, HVAC::EQoDbHvacSystemType kind);
 
     CString GetLayerComment(const CString& layerKey) const;
     // The layer of the key (made in the working drawing if missing) with the

@@ -50,4 +50,20 @@ bool SHvacSystemKind::RemoveSystemPart(const CString& layerKey, const CString& s
     return false;
 }
 
+bool SHvacSystemKind::ReplaceSystemPart(const CString& layerKey, const CString& systemKey,
+                                        const CString& newSystemKey, CString& result) const {
+    if (systemKey.IsEmpty()) return false;
+    for (const wchar_t* drawingClass : {kClassPlan, kClassSystem}) {
+        const CString head = CString(keyPrefix) + drawingClass + L"-";
+        const CString withSystem = head + systemKey;
+        if (layerKey.Left(withSystem.GetLength()) != withSystem) continue;
+        const CString rest = layerKey.Mid(withSystem.GetLength());
+        if (rest.IsEmpty() || rest[0] == L'-') {
+            result = head + newSystemKey + rest;
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace HVAC

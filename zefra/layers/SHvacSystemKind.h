@@ -28,6 +28,11 @@ struct SHvacSystemKind {
     // optionally followed by "-" + model: true, with the same key without
     // "-" + systemKey in `modelKey`.
     bool RemoveSystemPart(const CString& layerKey, const CString& systemKey, CString& modelKey) const;
+    // For such a key: true, with `systemKey` in its system part replaced by
+    // `newSystemKey` in `result`. The rest of the key is left as it is, even
+    // where it holds the text of the old system key.
+    bool ReplaceSystemPart(const CString& layerKey, const CString& systemKey, const CString& newSystemKey,
+                           CString& result) const;
 };
 
 }  // namespace HVAC

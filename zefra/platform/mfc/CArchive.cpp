@@ -1,6 +1,7 @@
 #include "zefra/platform/mfc/CArchive.h"
 
-#include <iostream>
+#include <istream>
+#include <ostream>
 #include <limits>
 
 void CArchive::Write(const void* data, size_t bytes) {
