@@ -317,7 +317,9 @@ private:
             HDGPointBatch::RecordedPair(m_layout.kinds[0], m_layout.kinds[1], first, second);
             point.SetCalPara1Type(first);
             point.SetCalPara2Type(second);
+            // The object of `zefra point --json`.
             json = PointToJson(point);
+            json.erase("name");
             json["pressure"] = rows.pressures[k];
         }
         json["line"] = rows.lines[static_cast<size_t>(r)];

@@ -184,8 +184,7 @@ TEST(PointBatchCli, JsonLinesCarryThePointAndTheRow) {
     const auto json = nlohmann::json::parse(lines[0]);
     const Result single = RunTool(scratch, {"point", "--tdb", "22", "--rh", "0.6", "--json", "--pressure", "90000"}, "");
     const auto one = nlohmann::json::parse(single.out);
-    for (const char* key : {"Tdb", "RH", "H", "D", "Twb", "Tdp", "Pv", "Den", "SV", "Ds", "Ps", "pair", "pressure"})
-        EXPECT_EQ(json[key], one[key]) << key;
+    for (const auto& [key, value] : one.items()) EXPECT_EQ(json[key], value) << key;
     EXPECT_EQ(json["line"], 2);
     EXPECT_EQ(json["columns"]["t"], "08:00");
 
