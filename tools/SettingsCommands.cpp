@@ -440,9 +440,9 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
         const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
-        if (given == 0 && !table.AddItem())
+        if (given == 0 && !table.TryAddItem())
             throw UsageError("a row as wide as the last would end beyond the largest number");
-        if (given == 2 && !table.AddSizeSet(args->first, args->second)) throw UsageError("the row was refused");
+        if (given == 2 && !table.TryAddSizeSet(args->first, args->second)) throw UsageError("the row was refused");
         SaveFlangeTable(table, args->file);
     });
 
