@@ -189,3 +189,14 @@ nlohmann::ordered_json PointToJson(const ZefraHDGPoint& point) {
 }
 
 }  // namespace zefra::cli
+
+namespace zefra::cli {
+
+nlohmann::ordered_json UnitsJson() {
+    return {{"Tdb", "°C"},  {"RH", "1"},      {"H", "kJ/kg"},  {"D", "g/kg"},   {"Twb", "°C"},
+            {"Tdp", "°C"},  {"Pv", "Pa"},     {"Den", "kg/m³"}, {"SV", "m³/kg"}, {"Ds", "g/kg"},
+            {"Ps", "Pa"},   {"pressure", "Pa"}, {"flow", "kg/s"}, {"ratio", "1"}, {"load", "kW"},
+            {"moistureLoad", "kg/s"}, {"heatHumidityRatio", "kJ/kg"}};
+}
+
+}  // namespace zefra::cli
