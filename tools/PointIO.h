@@ -72,3 +72,12 @@ nlohmann::ordered_json UnitsJson();
 std::string CalItemName(int kind);
 
 }  // namespace zefra::cli
+
+namespace zefra::cli {
+
+// Prints a JSON document of `command` as every command does: "command" first,
+// every key in camelCase ("style text" and "width_mm" become "styleText" and
+// "widthMm"), two-space indents.
+void PrintJson(std::ostream& out, const std::string& command, const nlohmann::ordered_json& document);
+
+}  // namespace zefra::cli
