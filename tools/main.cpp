@@ -19,7 +19,14 @@ int Refuse(const std::string& message) {
     return 2;
 }
 
+int g_exitCode = 0;
+
 }  // namespace
+
+namespace zefra::cli {
+void SetExitCode(int code) { g_exitCode = code; }
+int GetExitCode() { return g_exitCode; }
+}  // namespace zefra::cli
 
 int main(int argc, char** argv) {
     // Loads the module as the host would; at the end of main it unloads it
@@ -55,5 +62,5 @@ int main(int argc, char** argv) {
         std::cerr << "zefra: internal error: " << e.what() << "\n";
         return 1;
     }
-    return 0;
+    return g_exitCode;
 }
