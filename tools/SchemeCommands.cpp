@@ -2,6 +2,7 @@
 // of its season (or a saved record), changed by a JSON file of given fields,
 // and print the scheme's report texts and every point, flow and load.
 
+#include "BatchCommands.h"
 #include "Cli.h"
 #include "InputFiles.h"
 #include "PointIO.h"
@@ -49,6 +50,7 @@ struct SchemeOptions {
     bool strict = false;
     bool templateOnly = false;
     SchemeRunSettings settings;
+    std::function<bool(const SchemeRunSettings&, const std::string&, bool)> batch;  // --batch, --weather
 };
 
 // ---- Reading the given data -------------------------------------------------
@@ -663,6 +665,7 @@ void Run(const SchemeOptions& options) {
     }
     // Set before any point of the given data is computed.
     options.pressure.Apply();
+    if (options.batch(options.settings, options.input, options.json)) return;
     if (!options.chart.empty()) CheckChartFile(options.chart);
     // The report texts are written during the calculation, in these units.
     if (!options.units.empty()) ApplyReportUnits(options.units);
@@ -745,6 +748,7 @@ void AddSchemeCommand(CLI::App& app, const char* description) {
     command->add_flag("--strict", options->strict, "exit with code 3 when the calculation gives warnings");
     command->add_flag("--template", options->templateOnly,
                       "print the built-in given data (of the season of --type) as an input file, and stop");
+    options->batch = RegisterSchemeBatch(*command, T::kName);
     command->footer(FieldHelp<T>());
     command->callback([options, type]() {
         if (type->count() > 0) options->settings.type = options->typeValue;

@@ -99,7 +99,7 @@ std::vector<std::string> Lines(const std::string& text) {
 }
 
 const char* const kHeader =
-    "Tdb [°C],RH [-],H [kJ/kg],D [g/kg],Twb [°C],Tdp [°C],Pv [Pa],Den [kg/m³],SV [m³/kg],Ds [g/kg],Ps [Pa]";
+    "Tdb [°C],RH [1],H [kJ/kg],D [g/kg],Twb [°C],Tdp [°C],Pv [Pa],Den [kg/m³],SV [m³/kg],Ds [g/kg],Ps [Pa]";
 
 TEST(PointBatchCli, TablesOfEveryShape) {
     struct Case {
@@ -184,7 +184,8 @@ TEST(PointBatchCli, JsonLinesCarryThePointAndTheRow) {
     const auto json = nlohmann::json::parse(lines[0]);
     const Result single = RunTool(scratch, {"point", "--tdb", "22", "--rh", "0.6", "--json", "--pressure", "90000"}, "");
     const auto one = nlohmann::json::parse(single.out);
-    for (const auto& [key, value] : one.items()) EXPECT_EQ(json[key], value) << key;
+    for (const auto& [key, value] : one["point"].items()) EXPECT_EQ(json[key], value) << key;
+    EXPECT_EQ(json["pressure"], one["pressure"]);
     EXPECT_EQ(json["line"], 2);
     EXPECT_EQ(json["columns"]["t"], "08:00");
 
