@@ -44,3 +44,6 @@ measure "point --batch, 8,760 rows" 20 "$zefra" point --batch "$weather"
 measure "point --batch --json, 8,760 rows" 10 "$zefra" point --batch "$weather" --json
 measure "point --batch, 10^6 rows" 3 "$zefra" point --batch "$work/million.csv"
 measure "point --batch --out, 10^6 rows" 3 "$zefra" point --batch "$work/million.csv" --out "$work/out.csv"
+measure "primary --weather, 8,760 rows" 5 "$zefra" primary --weather "$weather" --season auto
+measure "secondary --weather --skip-bad, 8,760" 5 "$zefra" secondary --weather "$weather" --season auto --skip-bad
+measure "primary (one run)" 20 "$zefra" primary

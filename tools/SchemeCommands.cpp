@@ -665,10 +665,10 @@ void Run(const SchemeOptions& options) {
     }
     // Set before any point of the given data is computed.
     options.pressure.Apply();
-    if (options.batch(options.settings, options.input, options.json)) return;
     if (!options.chart.empty()) CheckChartFile(options.chart);
     // The report texts are written during the calculation, in these units.
     if (!options.units.empty()) ApplyReportUnits(options.units);
+    if (options.batch(options.settings, options.input, options.json)) return;
     const std::vector<SeasonInput> seasons = InputSeasons<T>(options);
     const std::vector<SchemeResult> results = RunSeasons<T>(options.settings, seasons);
     const SchemeResult& last = results.back();
