@@ -448,6 +448,8 @@ public:
                const std::string& input)
         : m_scheme(scheme), m_options(options), m_settings(settings),
           m_firstWinterType(scheme == "primary" ? 2 : 1) {
+        if (input == "-" && options.weather == "-")
+            throw UsageError("--input and --weather can't both read standard input");
         if (!input.empty()) {
             const std::string text = ReadInputText("--input", input);
             try {
@@ -508,13 +510,14 @@ public:
             nlohmann::ordered_json result = RunRow(fields, line, error);
             if (!error.empty() && !m_options.skipBad) throw UsageError(where + ": " + error);
             if (!m_json && !headerWritten) {
-                WriteHeader(buffer, result);
+                WriteHeader(buffer, error.empty() ? result : Probe());
                 headerWritten = true;
             }
             WriteRow(buffer, fields, line, result, error);
             if (buffer.size() >= kFlushBytes) output.Write(buffer);
             progress.Update(++done);
         }
+        if (!m_json && !headerWritten) WriteHeader(buffer, Probe());
         SetHDGCurB(m_pressure);
         output.Write(buffer);
         output.Commit();
@@ -533,6 +536,22 @@ private:
         for (const auto& point : result["points"])
             if (point.value("name", "") == "N") return point["H"].get<double>();
         throw CalculationError("the summer design has no room state N");
+    }
+
+    // A result of the design itself, for the columns when the first row has
+    // none; empty when the design has none either.
+    nlohmann::ordered_json Probe() {
+        const bool winter = m_options.season == "winter" ||
+                            (m_options.season == "type" && m_settings.type && *m_settings.type >= m_firstWinterType);
+        SetHDGCurB(m_pressure);
+        try {
+            const nlohmann::json fields = SeasonFields(winter);
+            SchemeRunSettings settings = m_settings;
+            settings.type = TypeFor(winter, fields);
+            return RunSchemeJson(m_scheme, fields, settings);
+        } catch (const std::exception&) {
+            return nlohmann::ordered_json::object();
+        }
     }
 
     nlohmann::json SeasonFields(bool winter) const {
