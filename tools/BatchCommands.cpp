@@ -618,12 +618,17 @@ private:
             HDGPointBatch::Calculate(m_layout.kinds[0], &values[0], m_layout.kinds[1], &values[1], 1, columns);
             winter = !(state[HDGPT_H] > m_roomEnthalpy);
         }
-        nlohmann::json fields2 = SeasonFields(winter);
-        fields2["PointW"] = {{kPairNames[m_layout.kinds[0]], values[0]}, {kPairNames[m_layout.kinds[1]], values[1]}};
+        // The season's given fields, kept from row to row: only W changes.
+        std::optional<nlohmann::json>& fields2 = m_rowFields[winter ? 1 : 0];
+        if (!fields2) fields2 = SeasonFields(winter);
+        nlohmann::json& outdoor2 = (*fields2)["PointW"];
+        outdoor2 = nlohmann::json::object();
+        outdoor2[kPairNames[m_layout.kinds[0]]] = values[0];
+        outdoor2[kPairNames[m_layout.kinds[1]]] = values[1];
         SchemeRunSettings settings = m_settings;
-        settings.type = TypeFor(winter, fields2);
+        settings.type = TypeFor(winter, *fields2);
         try {
-            return RunSchemeJson(m_scheme, fields2, settings);
+            return RunSchemeJson(m_scheme, *fields2, settings);
         } catch (const UsageError& e) {
             error = at + ": " + e.what();
         } catch (const CalculationError& e) {
@@ -766,6 +771,7 @@ private:
     std::vector<std::string> m_header;
     double m_pressure = 101325.0;
     double m_roomEnthalpy = 0.0;
+    std::optional<nlohmann::json> m_rowFields[2];  // summer, winter
     std::vector<std::pair<std::string, std::string>> m_columns;
     std::vector<std::pair<std::string, std::string>> m_pointColumns;
 };
