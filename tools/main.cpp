@@ -1,5 +1,6 @@
 #include "Cli.h"
 
+#include "zefra/ZefraVersion.h"
 #include "zefra/module/ZefraModule.h"
 
 #include <iostream>
@@ -9,6 +10,7 @@ int main(int argc, char** argv) {
     // and destroys the settings managers that the command built.
     ZefraModule module;
     CLI::App app{"zefra: moist-air states and air-handling processes on the enthalpy-humidity chart"};
+    app.set_version_flag("--version", "zefra " ZEFRA_VERSION_STRING);
     app.require_subcommand(1);
     zefra::cli::RegisterAirCommands(app);
     zefra::cli::RegisterSchemeCommands(app);
@@ -22,6 +24,8 @@ int main(int argc, char** argv) {
     } catch (const CLI::CallForHelp& e) {
         return app.exit(e);
     } catch (const CLI::CallForAllHelp& e) {
+        return app.exit(e);
+    } catch (const CLI::CallForVersion& e) {
         return app.exit(e);
     } catch (const CLI::ParseError& e) {
         std::cerr << "zefra: " << e.what() << "\n";
