@@ -8,3 +8,13 @@
 #else
 #define ZEFRA_API
 #endif
+
+// For headers of free functions: everything declared between the two is
+// exported.
+#if defined(__GNUC__) || defined(__clang__)
+#define ZEFRA_API_BEGIN _Pragma("GCC visibility push(default)")
+#define ZEFRA_API_END _Pragma("GCC visibility pop")
+#else
+#define ZEFRA_API_BEGIN
+#define ZEFRA_API_END
+#endif

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Singly linked cursor list: a ring of nodes through a sentinel that lives as
 // long as the list. The element is the first member of its node, so the
 // address of an element is also the address of its node; GetFirst, GetNext
@@ -14,7 +15,7 @@
 #include <typeinfo>
 
 template <typename T>
-struct QoListNode {
+struct ZEFRA_API QoListNode {
     T data;
     QoListNode* next;
 
@@ -23,7 +24,7 @@ struct QoListNode {
 };
 
 template <typename T>
-class QoList : public QoDynArrayBase<T> {
+class ZEFRA_API QoList : public QoDynArrayBase<T> {
     using Base = QoDynArrayBase<T>;
 
 public:
