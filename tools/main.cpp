@@ -1,5 +1,6 @@
 #include "Cli.h"
 
+#include "zefra/ZefraVersion.h"
 #include "zefra/config/QoDtDiskFile.h"
 #include "zefra/module/ZefraModule.h"
 
@@ -36,6 +37,7 @@ int main(int argc, char** argv) {
     // limit is an error, not a silent death.
     QoDtDiskFile::InstallSignalCleanup();
     CLI::App app{"zefra: moist-air states and air-handling processes on the enthalpy-humidity chart"};
+    app.set_version_flag("--version", "zefra " ZEFRA_VERSION_STRING);
     app.require_subcommand(1);
     zefra::cli::RegisterAirCommands(app);
     zefra::cli::RegisterSchemeCommands(app);
@@ -49,6 +51,8 @@ int main(int argc, char** argv) {
     } catch (const CLI::CallForHelp& e) {
         return app.exit(e);
     } catch (const CLI::CallForAllHelp& e) {
+        return app.exit(e);
+    } catch (const CLI::CallForVersion& e) {
         return app.exit(e);
     } catch (const CLI::ParseError& e) {
         std::cerr << "zefra: " << e.what() << "\n";
