@@ -300,7 +300,10 @@ private:
 
     void WriteJsonRow(std::string& out, const Rows& rows, int r, int result) const {
         const std::vector<std::string_view>& fields = rows.fields[static_cast<size_t>(r)];
+        // Each row the document `zefra point --json` writes for its state,
+        // with the row's line and carried columns.
         Json json;
+        json["command"] = "point";
         if (result >= 0) {
             ZefraHDGPoint point;
             const size_t k = static_cast<size_t>(result);
@@ -320,9 +323,9 @@ private:
             HDGPointBatch::RecordedPair(m_layout.kinds[0], m_layout.kinds[1], first, second);
             point.SetCalPara1Type(first);
             point.SetCalPara2Type(second);
-            // The point as `zefra point --json` writes it, with its pressure.
-            json = PointToJson(point);
             json["pressure"] = rows.pressures[k];
+            json["units"] = m_units;
+            json["point"] = PointToJson(point);
         }
         json["line"] = rows.lines[static_cast<size_t>(r)];
         if (!m_layout.carried.empty()) {
@@ -343,6 +346,7 @@ private:
     std::vector<std::string> m_header;
     std::vector<double> m_results[11];
     std::vector<int> m_resultOf;  // row in the block → its element of the results, or −1
+    Json m_units = UnitsJson();
 };
 
 }  // namespace
@@ -418,14 +422,14 @@ void RunJsonLines(const std::string& scheme, const SchemeBatchOptions& options, 
         } catch (const nlohmann::json::exception& error) {
             const std::string message = "line " + std::to_string(line) + ": not a JSON object: " + error.what();
             if (!options.skipBad) throw UsageError(where + ": " + message);
-            result = {{"line", line}, {"error", message}};
+            result = {{"command", scheme}, {"line", line}, {"error", message}};
         } catch (const UsageError& error) {
             if (!options.skipBad) throw UsageError(where + ": line " + std::to_string(line) + ": " + error.what());
-            result = {{"line", line}, {"error", ErrorText(error)}};
+            result = {{"command", scheme}, {"line", line}, {"error", ErrorText(error)}};
         } catch (const CalculationError& error) {
             if (!options.skipBad)
                 throw CalculationError(where + ": line " + std::to_string(line) + ": " + error.what());
-            result = {{"line", line}, {"error", ErrorText(error)}};
+            result = {{"command", scheme}, {"line", line}, {"error", ErrorText(error)}};
         }
         buffer += result.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
         buffer += '\n';
@@ -681,7 +685,10 @@ private:
     void WriteRow(std::string& out, const std::vector<std::string_view>& fields, int line,
                   const nlohmann::ordered_json& result, const std::string& error) {
         if (m_json) {
-            nlohmann::ordered_json row;
+            // Each row the document `--json` writes for its run, with the
+            // row's line and carried columns; a refused row its error.
+            nlohmann::ordered_json row = error.empty() ? result : nlohmann::ordered_json::object();
+            if (!error.empty()) row["command"] = m_scheme;
             row["line"] = line;
             if (!m_layout.carried.empty()) {
                 nlohmann::ordered_json carried = nlohmann::ordered_json::object();
@@ -691,19 +698,7 @@ private:
                             std::string(fields[static_cast<size_t>(column)]);
                 row["columns"] = std::move(carried);
             }
-            if (!error.empty()) {
-                row["error"] = error;
-            } else {
-                for (const char* key : {"season", "type", "flows", "loads", "moistureLoads"})
-                    if (result.contains(key)) row[key] = result[key];
-                nlohmann::ordered_json points = nlohmann::ordered_json::object();
-                for (const auto& point : result["points"]) {
-                    const std::string name = point.value("name", "");
-                    if (name == "O" || name == "L" || name == "C") points[name] = point;
-                }
-                row["points"] = std::move(points);
-                if (result.contains("warnings")) row["warnings"] = result["warnings"];
-            }
+            if (!error.empty()) row["error"] = error;
             out += row.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
             out += '\n';
             return;

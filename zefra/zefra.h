@@ -14,6 +14,7 @@
 #include "zefra/air/EHDGCalculationMode.h"
 #include "zefra/air/HDGWarnings.h"
 #include "zefra/air/HDGChecks.h"
+#include "zefra/air/HDGPointBatch.h"
 #include "zefra/chart/SHvacHDGDrawSet.h"
 #include "zefra/chart/QoHvacHDGSysSetManager.h"
 #include "zefra/config/QoDtDictionary.h"

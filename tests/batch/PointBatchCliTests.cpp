@@ -181,13 +181,14 @@ TEST(PointBatchCli, JsonLinesCarryThePointAndTheRow) {
     ASSERT_EQ(result.code, 0) << result.err;
     const auto lines = Lines(result.out);
     ASSERT_EQ(lines.size(), 1u);
-    const auto json = nlohmann::json::parse(lines[0]);
-    const Result single = RunTool(scratch, {"point", "--tdb", "22", "--rh", "0.6", "--json", "--pressure", "90000"}, "");
-    const auto one = nlohmann::json::parse(single.out);
-    for (const auto& [key, value] : one["point"].items()) EXPECT_EQ(json[key], value) << key;
-    EXPECT_EQ(json["pressure"], one["pressure"]);
+    auto json = nlohmann::json::parse(lines[0]);
+    // The document of a single run, with the row's line and columns.
     EXPECT_EQ(json["line"], 2);
     EXPECT_EQ(json["columns"]["t"], "08:00");
+    json.erase("line");
+    json.erase("columns");
+    const Result single = RunTool(scratch, {"point", "--tdb", "22", "--rh", "0.6", "--json", "--pressure", "90000"}, "");
+    EXPECT_EQ(json, nlohmann::json::parse(single.out));
 
     // A refused row, written with --skip-bad: its line, its columns, the cause.
     const Result skipped =
@@ -199,7 +200,8 @@ TEST(PointBatchCli, JsonLinesCarryThePointAndTheRow) {
     EXPECT_EQ(refused["line"], 2);
     EXPECT_EQ(refused["columns"]["t"], "08:00");
     EXPECT_NE(refused["error"].get<std::string>().find("looks like a percentage"), std::string::npos);
-    EXPECT_FALSE(refused.contains("Tdb"));
+    EXPECT_EQ(refused["command"], "point");
+    EXPECT_FALSE(refused.contains("point"));
     EXPECT_EQ(nlohmann::json::parse(rows[1])["line"], 3);
 }
 

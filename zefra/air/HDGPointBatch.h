@@ -13,6 +13,7 @@
 // Inputs and outputs are structures of arrays; no output may overlap an
 // input.
 
+#include "zefra/ZefraExport.h"
 #include "zefra/air/HDGChecks.h"
 #include "zefra/air/ZefraHDGPoint.h"
 
@@ -32,6 +33,7 @@ struct SHDGBatchFault {
     SHDGInputFault Fault;
 };
 
+ZEFRA_API_BEGIN
 namespace HDGPointBatch {
 
 // Whether ZefraHDGPoint::Calculate supports the unordered pair {kind1, kind2}.
@@ -63,3 +65,4 @@ std::vector<SHDGBatchFault> CalculateChecked(EHvacHDGPointCalItemType kind1, con
                                              const std::string& field2, const double* pressures = nullptr);
 
 }  // namespace HDGPointBatch
+ZEFRA_API_END
