@@ -631,6 +631,7 @@ private:
         outdoor2[kPairNames[m_layout.kinds[1]]] = values[1];
         SchemeRunSettings settings = m_settings;
         settings.type = TypeFor(winter, *fields2);
+        settings.brief = !m_json;  // the table needs a few columns, JSON Lines whole documents
         try {
             return RunSchemeJson(m_scheme, *fields2, settings);
         } catch (const UsageError& e) {

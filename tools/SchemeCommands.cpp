@@ -600,9 +600,10 @@ ordered_json WarningsJson(const HDGWarningList& warnings) {
     return list;
 }
 
-ordered_json ResultJson(const SchemeResult& result) {
+ordered_json ResultJson(const SchemeResult& result, bool brief = false) {
     ordered_json points = ordered_json::array();
     for (const auto& [label, p] : result.points) {
+        if (brief && label != "O" && label != "L" && label != "C") continue;
         ordered_json point = PointToJson(p);
         point["name"] = label;
         points.push_back(point);
@@ -611,29 +612,32 @@ ordered_json ResultJson(const SchemeResult& result) {
     json["mode"] = result.engineering ? "engineering" : "literal";
     json["type"] = result.type;
     json["season"] = result.typeMeaning.rfind("winter", 0) == 0 ? "winter" : "summer";
-    json["typeMeaning"] = result.typeMeaning;
-    json["pressure"] = GetHDGCurB();
-    json["units"] = UnitsJson();
-    json["input"] = result.input;
+    if (!brief) {
+        json["typeMeaning"] = result.typeMeaning;
+        json["pressure"] = GetHDGCurB();
+        json["units"] = UnitsJson();
+        json["input"] = result.input;
+    }
     json["points"] = points;
     json["flows"] = QuantitiesJson(result.flows);
     json["loads"] = QuantitiesJson(result.loads);
     json["moistureLoads"] = QuantitiesJson(result.moisture);
-    json["reportTexts"] = result.messages;
+    if (!brief) json["reportTexts"] = result.messages;
     json["warnings"] = WarningsJson(result.warnings);
     return json;
 }
 
-ordered_json DocumentJson(const std::string& scheme, const std::vector<SchemeResult>& results, bool bothSeasons) {
+ordered_json DocumentJson(const std::string& scheme, const std::vector<SchemeResult>& results, bool bothSeasons,
+                          bool brief = false) {
     ordered_json document;
     document["command"] = scheme;
     if (!bothSeasons) {
-        const ordered_json result = ResultJson(results.front());
+        const ordered_json result = ResultJson(results.front(), brief);
         for (auto it = result.begin(); it != result.end(); ++it) document[it.key()] = *it;
         return document;
     }
     for (const SchemeResult& result : results) {
-        const ordered_json season = ResultJson(result);
+        const ordered_json season = ResultJson(result, brief);
         document[season["season"].get<std::string>()] = season;
     }
     return document;
@@ -766,9 +770,9 @@ void AddSchemeCommand(CLI::App& app, const char* description) {
 ordered_json RunSchemeJson(const std::string& scheme, const json& document, const SchemeRunSettings& settings) {
     const std::vector<SeasonInput> seasons = SeasonsOf(document, "input");
     if (scheme == Primary::kName)
-        return DocumentJson(scheme, RunSeasons<Primary>(settings, seasons), seasons.size() > 1);
+        return DocumentJson(scheme, RunSeasons<Primary>(settings, seasons), seasons.size() > 1, settings.brief);
     if (scheme == Secondary::kName)
-        return DocumentJson(scheme, RunSeasons<Secondary>(settings, seasons), seasons.size() > 1);
+        return DocumentJson(scheme, RunSeasons<Secondary>(settings, seasons), seasons.size() > 1, settings.brief);
     throw UsageError("unknown scheme \"" + scheme + "\"");
 }
 

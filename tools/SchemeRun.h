@@ -15,6 +15,10 @@ struct SchemeRunSettings {
     bool fullWalk = false;        // the summer search as the full walk
     std::optional<long long> type;  // --type: overrides the input's type of its season
     std::string load;             // a process record to start from, or empty
+    // Only what a table of runs needs: mode, type, season, flows, loads,
+    // moisture loads, warnings and the points O, L and C. Not a document of
+    // the schema; a year of weather rows costs a fifth of the whole ones.
+    bool brief = false;
 };
 
 // Runs `scheme` ("primary" or "secondary") on `document`: the given fields of
