@@ -423,7 +423,7 @@ void Run(const SchemeOptions& options, SchemeResult (*run)(const SchemeOptions&)
     options.pressure.Apply();
     if (!options.chart.empty()) CheckChartFile(options.chart);
     // The report texts are written during the calculation, in these units.
-    if (!options.units.empty()) ApplyReportUnits(options.units);
+    ApplyReportUnits(options.units);
     const SchemeResult result = run(options);
     RefuseMeaningless(result);
     if (!options.save.empty()) SaveProcessRecord(*result.process, options.save);
@@ -449,7 +449,7 @@ void AddSchemeCommand(CLI::App& app, const char* name, const char* description, 
     options->pressure.Register(*command);
     command->add_flag("--json", options->json, "print the results as JSON");
     command->add_option("--units", options->units,
-                        "units of the report texts, e.g. Q=kW,G=m^3/h,Mw=kg/h (keys T, D, H, P, G, Q, Mw, Den)");
+                        "units of the report texts, e.g. Q=kW,G=m^3/h,Mw=kg/h (keys H, G, Q, Mw, Den)");
     command->add_option("--save", options->save, "write the process record into this XML file");
     command->add_option("--load", options->load,
                         "start from the process record in this XML file (--input and --type apply on top)");
