@@ -444,7 +444,7 @@ void AddSchemeCommand(CLI::App& app, const char* name, const char* description, 
     CLI::Option* type = command->add_option(
         "--type", options->type, "treatment type, 0.." + std::to_string(highestType) + " (default: the given data's)");
     command->add_option("--input", options->input,
-                        "JSON file of given fields by name; points as two properties, "
+                        "JSON file of given fields by name ('-': standard input); points as two properties, "
                         "e.g. \"PointN\": {\"Tdb\": 26, \"RH\": 0.55}");
     options->pressure.Register(*command);
     command->add_flag("--json", options->json, "print the results as JSON");
@@ -452,12 +452,15 @@ void AddSchemeCommand(CLI::App& app, const char* name, const char* description, 
                         "units of the report texts, e.g. Q=kW,G=m^3/h,Mw=kg/h (keys H, G, Q, Mw, Den)");
     command->add_option("--save", options->save, "write the process record into this XML file");
     command->add_option("--load", options->load,
-                        "start from the process record in this XML file (--input and --type apply on top)");
+                        "start from the process record in this XML file ('-': standard input; --input and --type "
+                        "apply on top)");
     command->add_option("--chart", options->chart,
                         "draw the process on the enthalpy-humidity chart into this file (.svg, .png or .pdf)");
     command->add_flag("--full-walk", options->fullWalk,
                       "run the summer search as the full walk over every step (the same result, slower)");
     command->callback([options, run, type]() {
+        if (options->load == "-" && options->input == "-")
+            throw UsageError("--load - and --input -: only one of them can read standard input");
         options->typeGiven = type->count() > 0;
         Run(*options, run);
     });
