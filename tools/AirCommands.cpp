@@ -12,6 +12,7 @@
 #include "zefra/platform/geometry/Zero.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <iomanip>
 #include <iostream>
 #include <memory>
@@ -70,6 +71,15 @@ std::optional<double> Number(const std::string& option, const std::optional<std:
     return ParseNumber(option, *text);
 }
 
+// The head of every JSON document: the command, the pressure, the units.
+Json Document(const char* command) {
+    Json json;
+    json["command"] = command;
+    json["pressure"] = GetHDGCurB();
+    json["units"] = UnitsJson();
+    return json;
+}
+
 void PrintPoint(const ZefraHDGPoint& point) {
     std::cout << "Point " << point.GetName().ToUtf8() << " (from " << CalItemName(point.GetCalPara1Type()) << " and "
               << CalItemName(point.GetCalPara2Type()) << ")\n";
@@ -96,9 +106,8 @@ void RegisterPoint(CLI::App& app) {
         common->pressure.Apply();
         const ZefraHDGPoint result = point->Build(L"");
         if (common->json) {
-            Json json = PointToJson(result);
-            json.erase("name");
-            json["pressure"] = GetHDGCurB();
+            Json json = Document("point");
+            json["point"] = PointToJson(result);
             std::cout << json.dump(2) << '\n';
             return;
         }
@@ -145,12 +154,10 @@ void RegisterMix(CLI::App& app) {
         if (const auto fault = HDGChecks::State(mix.GetHDGPointC(), "the mixed point C"))
             throw CalculationError(fault->Message);
         if (common->json) {
-            Json json;
-            json["pressure"] = GetHDGCurB();
+            Json json = Document("mix");
             json["ratio"] = mix.GetdMixRatio();
-            json["A"] = PointToJson(mix.GetHDGPointA());
-            json["B"] = PointToJson(mix.GetHDGPointB());
-            json["C"] = PointToJson(mix.GetHDGPointC());
+            json["points"] = {PointToJson(mix.GetHDGPointA()), PointToJson(mix.GetHDGPointB()),
+                              PointToJson(mix.GetHDGPointC())};
             std::cout << json.dump(2) << '\n';
             return;
         }
@@ -192,14 +199,12 @@ void RegisterLine(CLI::App& app) {
                                    "between them");
         const double dh = line.GetHDGPointB().GetH() - line.GetHDGPointA().GetH();
         if (common->json) {
-            Json json;
-            json["pressure"] = GetHDGCurB();
+            Json json = Document("line");
             json["computed"] = line.GetCalType() == 0 ? "Q" : "G";
             json["G"] = line.GetG();
             json["Q"] = line.GetQ();
             json["dH"] = dh;
-            json["A"] = PointToJson(line.GetHDGPointA());
-            json["B"] = PointToJson(line.GetHDGPointB());
+            json["points"] = {PointToJson(line.GetHDGPointA()), PointToJson(line.GetHDGPointB())};
             std::cout << json.dump(2) << '\n';
             return;
         }
@@ -254,16 +259,20 @@ void RegisterRatio(CLI::App& app) {
         ratio.Calculate();
         const std::string value = q ? ratio.GetValue().ToUtf8() : AlongAToB(ratio.GetValue().ToUtf8());
         if (common->json) {
-            Json json;
-            json["pressure"] = GetHDGCurB();
+            Json json = Document("ratio");
             json["from"] = q ? "loads" : "points";
-            json["value"] = value;
+            // ±∞ (a process at constant moisture content) has no JSON number: null, and the text says which.
+            const double number = std::strtod(value.c_str(), nullptr);
+            if (value.find("∞") == std::string::npos && std::isfinite(number))
+                json["value"] = number;
+            else
+                json["value"] = nullptr;
+            json["text"] = value;
             if (q) {
                 json["Q"] = *q;
                 json["Mw"] = *mw;
             } else {
-                json["A"] = PointToJson(ratio.GetHDGPointA());
-                json["B"] = PointToJson(ratio.GetHDGPointB());
+                json["points"] = {PointToJson(ratio.GetHDGPointA()), PointToJson(ratio.GetHDGPointB())};
             }
             std::cout << json.dump(2) << '\n';
             return;

@@ -93,7 +93,7 @@ void RunChart(const ChartOptions& options) {
                                             {"width_mm", page.Width()},
                                             {"height_mm", page.Height()},
                                             {"groups", groups}};
-        std::cout << out.dump(2) << "\n";
+        PrintJson(std::cout, "chart", out);
         return;
     }
     std::cout << "chart written to " << options.file << " (" << FormatName(made.format) << ", "

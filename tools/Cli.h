@@ -39,6 +39,13 @@ private:
     std::unique_ptr<QoDtFileLock> m_lock;
 };
 
+// Exit codes: 0 done, 1 an internal error or a failed write, 2 refused input,
+// 3 calculated with warnings (under --strict).
+constexpr int kExitWarnings = 3;
+// The code main returns when the command ends without an exception.
+void SetExitCode(int code);
+int GetExitCode();
+
 // Each group of subcommands registers itself on the application.
 void RegisterAirCommands(CLI::App& app);     // point, mix, line, ratio
 void RegisterSchemeCommands(CLI::App& app);  // primary, secondary

@@ -1,6 +1,7 @@
 // zefra config dump|get|set: look into and change a configuration file.
 
 #include "Cli.h"
+#include "PointIO.h"
 #include "ReportOptions.h"
 
 #include "zefra/chart/HDGChartItemTables.h"
@@ -313,7 +314,13 @@ void RegisterConfigCommands(CLI::App& app) {
         ConfigFile file(options->file);
         const QoDtDictItem& item = ItemAt(file, options->path);
         if (options->json) {
-            std::cout << ToJson(item).dump(2) << "\n";
+            // The tree's own keys and attribute names are data: printed as stored.
+            nlohmann::ordered_json document;
+            document["command"] = "config dump";
+            document["path"] = options->path;
+            const nlohmann::ordered_json node = ToJson(item);
+            for (auto it = node.begin(); it != node.end(); ++it) document[it.key()] = *it;
+            std::cout << document.dump(2) << "\n";
             return;
         }
         int depth = 0;

@@ -2,6 +2,7 @@
 // in a JSON file, or from the stored contents of the label list.
 
 #include "Cli.h"
+#include "PointIO.h"
 #include "InputFiles.h"
 
 #include "zefra/config/QoDtConfigStore.h"
@@ -203,7 +204,7 @@ void PrintLines(const QoArray<QoHvacDuctLabelData>& lines, const LabelArguments&
                                     {"base_value", Utf8(line.baseValue)},
                                     {"precision", line.precision}});
         }
-        std::cout << out.dump(2) << '\n';
+        PrintJson(std::cout, "label", out);
         return;
     }
     if (lines.IsEmpty()) std::cerr << "zefra: the label list has no selected lines\n";

@@ -2,6 +2,7 @@
 // layer standard, and the layer that a sort of drawn thing goes on.
 
 #include "Cli.h"
+#include "PointIO.h"
 
 #include "zefra/config/HvacConfigAccess.h"
 #include "zefra/config/QoDtConfigStore.h"
@@ -132,7 +133,7 @@ void ListSystems(EQoDbHvacSystemType kind, bool json) {
         }
     }
     if (json) {
-        std::cout << nlohmann::ordered_json{{"kind", KindText(kind)}, {"systems", list}}.dump(2) << "\n";
+        PrintJson(std::cout, "systems list", nlohmann::ordered_json{{"kind", KindText(kind)}, {"systems", list}});
         return;
     }
     if (list.empty()) {
@@ -470,7 +471,7 @@ void PrintLayer(const LayerOptions& options) {
                               {"linescale", property.lineScale},
                               {"comment", Utf8(comment)}};
         if (!query.system.IsEmpty()) out["system_known"] = systemKnown;
-        std::cout << out.dump(2) << "\n";
+        PrintJson(std::cout, "layer", out);
         return;
     }
     std::cout << "function:   " << function.apiName << "\n"

@@ -189,3 +189,57 @@ nlohmann::ordered_json PointToJson(const ZefraHDGPoint& point) {
 }
 
 }  // namespace zefra::cli
+
+namespace zefra::cli {
+
+nlohmann::ordered_json UnitsJson() {
+    return {{"Tdb", "°C"},  {"RH", "1"},      {"H", "kJ/kg"},  {"D", "g/kg"},   {"Twb", "°C"},
+            {"Tdp", "°C"},  {"Pv", "Pa"},     {"Den", "kg/m³"}, {"SV", "m³/kg"}, {"Ds", "g/kg"},
+            {"Ps", "Pa"},   {"pressure", "Pa"}, {"flow", "kg/s"}, {"ratio", "1"}, {"load", "kW"},
+            {"moistureLoad", "kg/s"}, {"heatHumidityRatio", "kJ/kg"}};
+}
+
+}  // namespace zefra::cli
+
+namespace zefra::cli {
+
+namespace {
+
+std::string CamelCase(const std::string& key) {
+    std::string camel;
+    bool upper = false;
+    for (char c : key) {
+        if (c == ' ' || c == '_') {
+            upper = !camel.empty();
+            continue;
+        }
+        camel += upper && c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+        upper = false;
+    }
+    return camel;
+}
+
+nlohmann::ordered_json CamelKeys(const nlohmann::ordered_json& value) {
+    if (value.is_array()) {
+        nlohmann::ordered_json list = nlohmann::ordered_json::array();
+        for (const auto& item : value) list.push_back(CamelKeys(item));
+        return list;
+    }
+    if (!value.is_object()) return value;
+    nlohmann::ordered_json object = nlohmann::ordered_json::object();
+    for (auto it = value.begin(); it != value.end(); ++it) object[CamelCase(it.key())] = CamelKeys(*it);
+    return object;
+}
+
+}  // namespace
+
+void PrintJson(std::ostream& out, const std::string& command, const nlohmann::ordered_json& document) {
+    nlohmann::ordered_json json;
+    json["command"] = command;
+    const nlohmann::ordered_json body = CamelKeys(document);
+    for (auto it = body.begin(); it != body.end(); ++it)
+        if (it.key() != "command") json[it.key()] = *it;
+    out << json.dump(2) << '\n';
+}
+
+}  // namespace zefra::cli

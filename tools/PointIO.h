@@ -61,9 +61,23 @@ private:
 // The eleven properties with names and units, one per line, aligned.
 void PrintPointTable(std::ostream& out, const ZefraHDGPoint& point);
 
+// A point in JSON: its name, the eleven properties as numbers in the units of
+// UnitsJson (RH a fraction), and the pair that defines it.
 nlohmann::ordered_json PointToJson(const ZefraHDGPoint& point);
+
+// The unit of every quantity the JSON output holds, stated once per document.
+nlohmann::ordered_json UnitsJson();
 
 // Short names of the calculation kinds: "Tdb", "RH", ... "Ps".
 std::string CalItemName(int kind);
+
+}  // namespace zefra::cli
+
+namespace zefra::cli {
+
+// Prints a JSON document of `command` as every command does: "command" first,
+// every key in camelCase ("style text" and "width_mm" become "styleText" and
+// "widthMm"), two-space indents.
+void PrintJson(std::ostream& out, const std::string& command, const nlohmann::ordered_json& document);
 
 }  // namespace zefra::cli

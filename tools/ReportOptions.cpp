@@ -107,24 +107,35 @@ void SaveProcessRecord(ZefraHDGProcess& process, const std::string& file) {
         throw UsageError("--save: " + QoDtTextCodec::ToUtf8(message));
 }
 
-void LoadProcessRecord(ZefraHDGProcess& process, const std::string& file, const wchar_t* recordName,
-                       const char* what) {
-    QoDtDictionary record;
-    if (file == "-") {
-        std::string error;
-        if (!QoDtXmlFile::FromText(record, ReadInputText("--load", file, QoDtXmlFile::kMaxFileBytes), error))
-            throw UsageError("--load: standard input: " + error);
-    } else {
-        RequireRegularFile("--load", file);
-        CString message;
-        if (!record.LoadFromXML(QoDtTextCodec::FromUtf8(file), &message))
-            throw UsageError("--load: " + QoDtTextCodec::ToUtf8(message));
-    }
+namespace {
+
+void ReadProcessRecord(ZefraHDGProcess& process, QoDtDictionary& record, const std::string& source,
+                       const wchar_t* recordName, const char* what) {
     const std::string name = QoDtTextCodec::ToUtf8(recordName);
     if (!record.FindDict(recordName))
-        throw UsageError("--load: " + file + " holds no " + what + " record (\"" + name + "\")");
+        throw UsageError("--load: " + source + " holds no " + what + " record (\"" + name + "\")");
     if (!process.ReadXml(&record))
-        throw UsageError(std::string("--load: the ") + what + " record in " + file + " is incomplete (no \"送风温差\")");
+        throw UsageError(std::string("--load: the ") + what + " record in " + source + " is incomplete (no \"送风温差\")");
+}
+
+}  // namespace
+
+void LoadProcessRecord(ZefraHDGProcess& process, const std::string& file, const wchar_t* recordName,
+                       const char* what) {
+    RequireRegularFile("--load", file);
+    QoDtDictionary record;
+    CString message;
+    if (!record.LoadFromXML(QoDtTextCodec::FromUtf8(file), &message))
+        throw UsageError("--load: " + QoDtTextCodec::ToUtf8(message));
+    ReadProcessRecord(process, record, file, recordName, what);
+}
+
+void LoadProcessRecordText(ZefraHDGProcess& process, const std::string& text, const wchar_t* recordName,
+                           const char* what) {
+    QoDtDictionary record;
+    std::string error;
+    if (!QoDtXmlFile::FromText(record, text, error)) throw UsageError("--load: standard input: " + error);
+    ReadProcessRecord(process, record, "standard input", recordName, what);
 }
 
 }  // namespace zefra::cli

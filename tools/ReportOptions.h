@@ -39,4 +39,8 @@ void SaveProcessRecord(ZefraHDGProcess& process, const std::string& file);
 void LoadProcessRecord(ZefraHDGProcess& process, const std::string& file, const wchar_t* recordName,
                        const char* what);
 
+// The same from the text of a record (for "-", standard input).
+void LoadProcessRecordText(ZefraHDGProcess& process, const std::string& text, const wchar_t* recordName,
+                           const char* what);
+
 }  // namespace zefra::cli

@@ -1,11 +1,12 @@
-// zefra primary | secondary: run an air-handling scheme on its built-in given
-// data (or a saved record), changed by a JSON file of given fields, and print
-// the scheme's report texts and every point, flow and load.
+// zefra primary | secondary: run an air-handling scheme on the built-in design
+// of its season (or a saved record), changed by a JSON file of given fields,
+// and print the scheme's report texts and every point, flow and load.
 
 #include "Cli.h"
 #include "InputFiles.h"
 #include "PointIO.h"
 #include "ReportOptions.h"
+#include "SchemeRun.h"
 
 #include "zefra/air/HDGChecks.h"
 #include "zefra/air/HDGCurB.h"
@@ -18,10 +19,12 @@
 
 #include <cmath>
 #include <cstdio>
-#include <fstream>
 #include <functional>
 #include <iostream>
 #include <map>
+#include <optional>
+#include <sstream>
+#include <type_traits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,10 +35,10 @@ namespace zefra::cli {
 namespace {
 
 using nlohmann::json;
+using nlohmann::ordered_json;
 
 struct SchemeOptions {
-    bool typeGiven = false;  // otherwise the type of the given data
-    long long type = 0;
+    long long typeValue = 0;
     std::string input;
     PressureArgument pressure;
     bool json = false;
@@ -43,7 +46,9 @@ struct SchemeOptions {
     std::string save;   // file for the process record
     std::string load;   // file with a process record to start from
     std::string chart;  // file for the chart with the process drawn over it
-    bool fullWalk = false;  // the summer search as the full walk
+    bool strict = false;
+    bool templateOnly = false;
+    SchemeRunSettings settings;
 };
 
 // ---- Reading the given data -------------------------------------------------
@@ -142,22 +147,11 @@ int CheckedType(long long type, int highest, const std::string& what, const char
     return static_cast<int>(type);
 }
 
-json ReadInputFile(const std::string& file) {
-    const std::string text = ReadInputText("--input", file);
+json ParseInput(const std::string& text, const std::string& file) {
     try {
         return json::parse(text);
     } catch (const json::exception& e) {
         throw UsageError(file + ": not valid JSON: " + e.what());
-    }
-}
-
-template <typename Info>
-void ReadGivenData(const SchemeOptions& options, const GivenFields<Info>& fields, int highestType,
-                   const char* scheme, Info& info) {
-    if (!options.input.empty()) fields.Apply(ReadInputFile(options.input), options.input, info);
-    if (options.typeGiven) {
-        const int type = CheckedType(options.type, highestType, "--type", scheme);
-        info.CalPriRetAirType = static_cast<decltype(info.CalPriRetAirType)>(type);
     }
 }
 
@@ -181,15 +175,7 @@ void AddCommonFields(GivenFields<Info>& fields, int highestType, const char* sch
     fields.Number("SfWc", &Info::SfWc);
 }
 
-// ---- Refusing what can't be calculated --------------------------------------
-
-template <typename Info>
-void RefuseGivenData(const Info& info) {
-    const HDGFaults faults = HDGChecks::GivenData(info);
-    if (!faults.empty()) throw UsageError(HDGChecks::Describe(faults));
-}
-
-// ---- The results --------------------------------------------------------------
+// ---- The two schemes ----------------------------------------------------------
 
 struct Quantity {
     std::string symbol;
@@ -198,10 +184,186 @@ struct Quantity {
     std::string unit;
 };
 
+// The built-in winter design: a room at 20 °C, 45 % losing 20 kW, outdoor
+// air at −10 °C, 70 %, 1.35 kg/s of supply air with 30 % fresh air.
+template <typename Info>
+void SetWinterDesign(Info& info) {
+    info.PointN = ZefraHDGPoint(20.0, 0.45, L"N");
+    info.PointW = ZefraHDGPoint(-10.0, 0.7, L"W");
+    info.Qn = 20.0;
+    info.Mw = 0.0004;
+    info.Go = 1.35;
+    info.FreshAirType = 0;
+    info.FreshAirRatio = 0.3;
+    info.Gw = info.FreshAirRatio * info.Go;
+}
+
+struct Primary {
+    using Scheme = ZefraHDGPrimaryReturnAir;
+    using Info = SHDGPrimaryReturnAirInfo;
+    using Type = EHDGPriRetAirType;
+    static constexpr const char* kName = "primary";
+    static constexpr int kHighestType = HDGPRI_DJ_HEAT_ISOTH;
+    static constexpr int kFirstWinterType = HDGPRI_DJ_ISENTH_HEAT;
+    static constexpr const wchar_t* kRecord = L"一次回风处理过程";
+    static constexpr const char* kWhat = "primary return-air";
+
+    static const char* TypeMeaning(int type) {
+        static const char* const kMeanings[] = {
+            "summer: cooling to the dew point, supply-duct rise, no reheat",
+            "summer: supply temperature difference, reheat",
+            "winter: humidifying at constant enthalpy, then reheat",
+            "winter: heating, then humidifying at constant enthalpy",
+            "winter: humidifying at constant temperature, then reheat",
+            "winter: heating, then humidifying at constant temperature",
+        };
+        return kMeanings[type];
+    }
+    static void AddFields(GivenFields<Info>& fields) { AddCommonFields<Info, Type>(fields, kHighestType, kName); }
+    static Info BuiltIn(bool winter) {
+        Info info;
+        if (winter) {
+            SetWinterDesign(info);
+            info.CalPriRetAirType = HDGPRI_DJ_ISENTH_HEAT;
+        }
+        return info;
+    }
+    static std::vector<std::pair<std::string, ZefraHDGPoint>> Points(const Scheme& s) {
+        return {{"N", s.GetPointN()},  {"W", s.GetPointW()}, {"N'", s.GetPointN1()}, {"W'", s.GetPointW1()},
+                {"C", s.GetPointC()},  {"L", s.GetPointL()}, {"K", s.GetPointK()},   {"O", s.GetPointO()}};
+    }
+    static std::vector<Quantity> Flows(const Scheme& s, const Info& after) {
+        return {{"Go", "supply air", after.Go, "kg/s"},
+                {"Gw", "fresh air", after.Gw, "kg/s"},
+                {"Gn", "return air", s.GetGn(), "kg/s"},
+                {"FreshAirRatio", "fresh-air ratio", after.FreshAirRatio, ""},
+                {"HeatHumidityRatio", "heat-humidity ratio", s.GetHeatHumidityRatio(), "kJ/kg"}};
+    }
+    static void EchoExtra(const Info&, ordered_json&) {}
+};
+
+struct Secondary {
+    using Scheme = ZefraHDGSecondaryReturnAir;
+    using Info = SHDGSecondaryReturnAirInfo;
+    using Type = EHDGSecRetAirType;
+    static constexpr const char* kName = "secondary";
+    static constexpr int kHighestType = HDGSEC_DJ_HEAT_ISOTH;
+    static constexpr int kFirstWinterType = HDGSEC_DJ_ISENTH_HEAT;
+    static constexpr const wchar_t* kRecord = L"二次回风处理过程";
+    static constexpr const char* kWhat = "secondary return-air";
+
+    static const char* TypeMeaning(int type) {
+        static const char* const kMeanings[] = {
+            "summer",
+            "winter: humidifying at constant enthalpy, then reheat",
+            "winter: heating, then humidifying at constant enthalpy",
+            "winter: humidifying at constant temperature, then reheat",
+            "winter: heating, then humidifying at constant temperature",
+        };
+        return kMeanings[type];
+    }
+    static void AddFields(GivenFields<Info>& fields) {
+        AddCommonFields<Info, Type>(fields, kHighestType, kName);
+        fields.Number("Gr1", &Info::Gr1);
+    }
+    static Info BuiltIn(bool winter) {
+        Info info;
+        if (winter) {
+            SetWinterDesign(info);
+            info.Gr1 = 0.5;
+            info.CalPriRetAirType = HDGSEC_DJ_ISENTH_HEAT;
+        }
+        return info;
+    }
+    static std::vector<std::pair<std::string, ZefraHDGPoint>> Points(const Scheme& s) {
+        return {{"N", s.GetPointN()}, {"W", s.GetPointW()}, {"N'", s.GetPointN1()},
+                {"W'", s.GetPointW1()}, {"C", s.GetPointC()}, {"M", s.GetPointM()},
+                {"L", s.GetPointL()}, {"K", s.GetPointK()}, {"O", s.GetPointO()}};
+    }
+    static std::vector<Quantity> Flows(const Scheme& s, const Info& after) {
+        return {{"Go", "supply air", after.Go, "kg/s"},
+                {"Gw", "fresh air", after.Gw, "kg/s"},
+                {"Gn", "return air", s.GetGn(), "kg/s"},
+                {"Gr1", "first return air", s.GetGr1(), "kg/s"},
+                {"Gr2", "second return air", s.GetGr2(), "kg/s"},
+                {"Go1", "air through the unit", s.GetGo1(), "kg/s"},
+                {"FreshAirRatio", "fresh-air ratio", after.FreshAirRatio, ""},
+                {"HeatHumidityRatio", "heat-humidity ratio", s.GetHeatHumidityRatio(), "kJ/kg"}};
+    }
+    static void EchoExtra(const Info& info, ordered_json& echo) { echo["Gr1"] = info.Gr1; }
+};
+
+// ---- Given data in and out ------------------------------------------------------
+
+ordered_json PointEcho(const ZefraHDGPoint& point) {
+    ordered_json pair;
+    pair[CalItemName(point.GetCalPara1Type())] = point.GetCalPara1Value();
+    pair[CalItemName(point.GetCalPara2Type())] = point.GetCalPara2Value();
+    return pair;
+}
+
+// The given data as an input file takes them: every field, by name.
+template <typename T>
+ordered_json GivenEcho(const typename T::Info& info) {
+    ordered_json echo;
+    echo["CalPriRetAirType"] = static_cast<int>(info.CalPriRetAirType);
+    echo["PointN"] = PointEcho(info.PointN);
+    echo["PointW"] = PointEcho(info.PointW);
+    echo["Qn"] = info.Qn;
+    echo["Mw"] = info.Mw;
+    echo["SfGdWs"] = info.SfGdWs;
+    echo["HfGdWs"] = info.HfGdWs;
+    echo["ptL_RH"] = info.ptL_RH;
+    echo["FreshAirType"] = info.FreshAirType;
+    echo["FreshAirRatio"] = info.FreshAirRatio;
+    echo["Gw"] = info.Gw;
+    echo["Go"] = info.Go;
+    echo["SfWc"] = info.SfWc;
+    T::EchoExtra(info, echo);
+    return echo;
+}
+
+// What the run calculates: each season's given data, in order. An input file
+// holds the fields of one run, or {"summer": {...}, "winter": {...}}, or is
+// the JSON output of an earlier run (its "input" is read back).
+struct SeasonInput {
+    json fields = json::object();
+    std::string source;
+};
+
+std::vector<SeasonInput> SeasonsOf(const json& document, const std::string& file) {
+    if (!document.is_object()) throw UsageError(file + ": expected a JSON object of given fields");
+    if (document.contains("command")) {
+        std::vector<SeasonInput> seasons;
+        for (const char* season : {"summer", "winter"})
+            if (document.contains(season) && document[season].contains("input"))
+                seasons.push_back({document[season]["input"], file + " (" + season + ")"});
+        if (document.contains("input")) seasons.push_back({document["input"], file});
+        if (seasons.empty()) throw UsageError(file + ": this output holds no \"input\" to run again");
+        return seasons;
+    }
+    if (document.contains("summer") || document.contains("winter")) {
+        std::vector<SeasonInput> seasons;
+        for (auto it = document.begin(); it != document.end(); ++it) {
+            if (it.key() != "summer" && it.key() != "winter")
+                throw UsageError(file + ": a file of both seasons holds only \"summer\" and \"winter\", not \"" +
+                                 it.key() + "\"");
+        }
+        for (const char* season : {"summer", "winter"})
+            if (document.contains(season)) seasons.push_back({document[season], file + " (" + season + ")"});
+        return seasons;
+    }
+    return {{document, file}};
+}
+
+// ---- Running ------------------------------------------------------------------
+
 struct SchemeResult {
     std::string scheme;
     int type = 0;
     std::string typeMeaning;
+    bool engineering = true;
+    ordered_json input;
     // Each point under the letter of its place in the scheme: after a summer
     // calculation the secondary scheme's W' and K carry the names "W" and "O".
     std::vector<std::pair<std::string, ZefraHDGPoint>> points;
@@ -209,44 +371,15 @@ struct SchemeResult {
     std::vector<Quantity> loads;
     std::vector<Quantity> moisture;
     std::vector<std::string> messages;
-    // ResultInfo as the scheme wrote it, for the report window.
-    CStringArray resultInfo;
+    HDGWarningList warnings;
+    CStringArray resultInfo;  // as the scheme wrote it, for the report window
     std::shared_ptr<ZefraHDGProcess> process;
-    SHDGChartOverlay overlay;  // the process for the chart
-    HDGFaults faults;          // results that are not possible states or flows
+    SHDGChartOverlay overlay;
+    HDGFaults faults;  // results that are not possible states or flows
 };
 
-const char* PrimaryTypeMeaning(int type) {
-    static const char* const kMeanings[] = {
-        "summer: cooling to the dew point, supply-duct rise, no reheat",
-        "summer: supply temperature difference, reheat",
-        "winter: humidifying at constant enthalpy, then reheat",
-        "winter: heating, then humidifying at constant enthalpy",
-        "winter: humidifying at constant temperature, then reheat",
-        "winter: heating, then humidifying at constant temperature",
-    };
-    return kMeanings[type];
-}
-
-const char* SecondaryTypeMeaning(int type) {
-    static const char* const kMeanings[] = {
-        "summer",
-        "winter: humidifying at constant enthalpy, then reheat",
-        "winter: heating, then humidifying at constant enthalpy",
-        "winter: humidifying at constant temperature, then reheat",
-        "winter: heating, then humidifying at constant temperature",
-    };
-    return kMeanings[type];
-}
-
-std::vector<std::string> Messages(const CStringArray& texts) {
-    std::vector<std::string> messages;
-    for (int i = 0; i < texts.GetSize(); ++i) messages.push_back(texts.GetAt(i).ToUtf8());
-    return messages;
-}
-
 template <typename Scheme>
-void AddCommonLoads(const Scheme& scheme, double roomLoad, double roomMoisture, SchemeResult& result) {
+void AddLoads(const Scheme& scheme, double roomLoad, double roomMoisture, SchemeResult& result) {
     result.loads = {
         {"Qn", "room load", roomLoad, "kW"},
         {"Qw", "fresh-air load", scheme.GetQw(), "kW"},
@@ -264,93 +397,145 @@ void AddCommonLoads(const Scheme& scheme, double roomLoad, double roomMoisture, 
     };
 }
 
-SchemeResult RunPrimary(const SchemeOptions& options) {
-    GivenFields<SHDGPrimaryReturnAirInfo> fields;
-    AddCommonFields<SHDGPrimaryReturnAirInfo, EHDGPriRetAirType>(fields, HDGPRI_DJ_HEAT_ISOTH, "primary");
-    auto process = std::make_shared<ZefraHDGPrimaryReturnAir>();
-    ZefraHDGPrimaryReturnAir& scheme = *process;
-    if (!options.load.empty()) LoadProcessRecord(scheme, options.load, L"一次回风处理过程", "primary return-air");
-    SHDGPrimaryReturnAirInfo given = scheme.GetGivenData();
-    ReadGivenData(options, fields, HDGPRI_DJ_HEAT_ISOTH, "primary", given);
-    RefuseGivenData(given);
-
-    scheme.SetGivenData(given);
-    if (options.fullWalk) scheme.SetSearchMode(EHDGSearchMode::FullWalk);
-    scheme.Calculate();
-    const SHDGPrimaryReturnAirInfo after = scheme.GetGivenData();
-
-    SchemeResult result;
-    result.scheme = "primary";
-    result.type = after.CalPriRetAirType;
-    result.typeMeaning = PrimaryTypeMeaning(result.type);
-    result.points = {{"N", scheme.GetPointN()},  {"W", scheme.GetPointW()}, {"N'", scheme.GetPointN1()},
-                     {"W'", scheme.GetPointW1()}, {"C", scheme.GetPointC()}, {"L", scheme.GetPointL()},
-                     {"K", scheme.GetPointK()},   {"O", scheme.GetPointO()}};
-    result.flows = {
-        {"Go", "supply air", after.Go, "kg/s"},
-        {"Gw", "fresh air", after.Gw, "kg/s"},
-        {"Gn", "return air", scheme.GetGn(), "kg/s"},
-        {"FreshAirRatio", "fresh-air ratio", after.FreshAirRatio * 100.0, "%"},
-        {"HeatHumidityRatio", "heat-humidity ratio", scheme.GetHeatHumidityRatio(), "kJ/kg"},
-    };
-    AddCommonLoads(scheme, after.Qn, after.Mw, result);
-    result.messages = Messages(scheme.GetResultInfo());
-    result.resultInfo = scheme.GetResultInfo();
-    result.process = process;
-    result.overlay = HDGChartOverlayOf(scheme);
-    result.faults = HDGChecks::Results(scheme);
-    return result;
-}
-
-SchemeResult RunSecondary(const SchemeOptions& options) {
-    GivenFields<SHDGSecondaryReturnAirInfo> fields;
-    AddCommonFields<SHDGSecondaryReturnAirInfo, EHDGSecRetAirType>(fields, HDGSEC_DJ_HEAT_ISOTH, "secondary");
-    fields.Number("Gr1", &SHDGSecondaryReturnAirInfo::Gr1);
-    auto process = std::make_shared<ZefraHDGSecondaryReturnAir>();
-    ZefraHDGSecondaryReturnAir& scheme = *process;
-    if (!options.load.empty()) LoadProcessRecord(scheme, options.load, L"二次回风处理过程", "secondary return-air");
-    SHDGSecondaryReturnAirInfo given = scheme.GetGivenData();
-    ReadGivenData(options, fields, HDGSEC_DJ_HEAT_ISOTH, "secondary", given);
-    RefuseGivenData(given);
-
-    scheme.SetGivenData(given);
-    if (options.fullWalk) scheme.SetSearchMode(EHDGSearchMode::FullWalk);
-    scheme.Calculate();
-    const SHDGSecondaryReturnAirInfo after = scheme.GetGivenData();
-
-    SchemeResult result;
-    result.scheme = "secondary";
-    result.type = after.CalPriRetAirType;
-    result.typeMeaning = SecondaryTypeMeaning(result.type);
-    result.points = {{"N", scheme.GetPointN()},  {"W", scheme.GetPointW()}, {"N'", scheme.GetPointN1()},
-                     {"W'", scheme.GetPointW1()}, {"C", scheme.GetPointC()}, {"M", scheme.GetPointM()},
-                     {"L", scheme.GetPointL()},   {"K", scheme.GetPointK()}, {"O", scheme.GetPointO()}};
-    result.flows = {
-        {"Go", "supply air", after.Go, "kg/s"},
-        {"Gw", "fresh air", after.Gw, "kg/s"},
-        {"Gn", "return air", scheme.GetGn(), "kg/s"},
-        {"Gr1", "first return air", scheme.GetGr1(), "kg/s"},
-        {"Gr2", "second return air", scheme.GetGr2(), "kg/s"},
-        {"Go1", "air through the unit", scheme.GetGo1(), "kg/s"},
-        {"FreshAirRatio", "fresh-air ratio", after.FreshAirRatio * 100.0, "%"},
-        {"HeatHumidityRatio", "heat-humidity ratio", scheme.GetHeatHumidityRatio(), "kJ/kg"},
-    };
-    AddCommonLoads(scheme, after.Qn, after.Mw, result);
-    result.messages = Messages(scheme.GetResultInfo());
-    result.resultInfo = scheme.GetResultInfo();
-    result.process = process;
-    result.overlay = HDGChartOverlayOf(scheme);
-    result.faults = HDGChecks::Results(scheme);
-    return result;
-}
-
 // A result that the class gives but that means nothing: a failed search, or
 // a point, flow or load that is not a possible one.
 void RefuseMeaningless(const SchemeResult& result) {
-    for (const std::string& message : result.messages)
-        if (message.find("计算失败") != std::string::npos) throw CalculationError("calculation failed: " + message);
+    for (const SHDGWarning& warning : result.warnings)
+        if (warning.Code == "search-failed")
+            throw CalculationError("calculation failed: " + warning.Message +
+                                   (warning.Text.IsEmpty() ? "" : " (" + warning.Text.ToUtf8() + ")"));
     if (!result.faults.empty())
         throw CalculationError("the design has no possible result:\n" + HDGChecks::Describe(result.faults));
+}
+
+template <typename T>
+class SchemeRun {
+public:
+    SchemeRun(const SchemeRunSettings& settings) : m_settings(settings), m_scheme(std::make_shared<typename T::Scheme>()) {
+        m_scheme->SetCalculationMode(settings.literal ? EHDGCalculationMode::Literal
+                                                      : EHDGCalculationMode::Engineering);
+        if (settings.fullWalk) m_scheme->SetSearchMode(EHDGSearchMode::FullWalk);
+        T::AddFields(m_fields);
+    }
+
+    void Load(const std::string& file) {
+        if (file == "-") {
+            LoadProcessRecordText(*m_scheme, ReadInputText("--load", file), T::kRecord, T::kWhat);
+        } else {
+            LoadProcessRecord(*m_scheme, file, T::kRecord, T::kWhat);
+        }
+        m_loaded = true;
+    }
+
+    // One season: its given data from the built-in design of its season (or
+    // the loaded record, or the season before), changed by `fields`.
+    SchemeResult Run(const json& fields, const std::string& source) {
+        const int type = TypeOf(fields, source);
+        typename T::Info given = m_loaded || m_runs > 0 ? m_scheme->GetGivenData() : T::BuiltIn(IsWinter(type));
+        if (m_runs > 0 && IsWinter(type) && !IsWinter(m_lastType)) {
+            // Winter after summer on one object: the room and outdoor states of winter.
+            const typename T::Info winter = T::BuiltIn(true);
+            given.PointN = winter.PointN;
+            given.PointW = winter.PointW;
+            given.Qn = winter.Qn;
+            given.Mw = winter.Mw;
+        }
+        // The points are echoed as they were given, so that the echo runs to the same bits.
+        if (m_runs == 0 && !m_loaded) {
+            m_givenPoints["PointN"] = IsWinter(type) ? json{{"Tdb", 20.0}, {"RH", 0.45}} : json{{"Tdb", 22.0}, {"RH", 0.6}};
+            m_givenPoints["PointW"] = IsWinter(type) ? json{{"Tdb", -10.0}, {"RH", 0.7}} : json{{"Tdb", 33.2}, {"Twb", 26.4}};
+        } else if (m_runs == 0) {
+            m_givenPoints["PointN"] = PointEcho(given.PointN);
+            m_givenPoints["PointW"] = PointEcho(given.PointW);
+        } else if (IsWinter(type) && !IsWinter(m_lastType)) {
+            m_givenPoints["PointN"] = json{{"Tdb", 20.0}, {"RH", 0.45}};
+            m_givenPoints["PointW"] = json{{"Tdb", -10.0}, {"RH", 0.7}};
+        }
+        m_fields.Apply(fields, source, given);
+        for (const char* point : {"PointN", "PointW"})
+            if (fields.is_object() && fields.contains(point)) m_givenPoints[point] = fields[point];
+        given.CalPriRetAirType = static_cast<typename T::Type>(type);
+        RefuseGivenData(given);
+        ++m_runs;
+        m_lastType = type;
+
+        typename T::Scheme& scheme = *m_scheme;
+        SchemeResult result;
+        result.input = GivenEcho<T>(given);
+        result.input["PointN"] = m_givenPoints["PointN"];
+        result.input["PointW"] = m_givenPoints["PointW"];
+        scheme.SetGivenData(given);
+        scheme.Calculate();
+        const typename T::Info after = scheme.GetGivenData();
+        result.scheme = T::kName;
+        result.type = type;
+        result.typeMeaning = T::TypeMeaning(type);
+        result.engineering = !m_settings.literal;
+        result.points = T::Points(scheme);
+        result.flows = T::Flows(scheme, after);
+        AddLoads(scheme, after.Qn, after.Mw, result);
+        for (int i = 0; i < scheme.GetResultInfo().GetSize(); ++i)
+            result.messages.push_back(scheme.GetResultInfo().GetAt(i).ToUtf8());
+        result.resultInfo = scheme.GetResultInfo();
+        result.warnings = scheme.GetWarnings();
+        result.process = m_scheme;
+        result.overlay = HDGChartOverlayOf(scheme);
+        result.faults = HDGChecks::Results(scheme);
+        return result;
+    }
+
+private:
+    static bool IsWinter(int type) { return type >= T::kFirstWinterType; }
+
+    // --type where it suits the season of the fields, else their own type,
+    // else the loaded record's, else the first of the season.
+    int TypeOf(const json& fields, const std::string& source) const {
+        std::optional<int> own;
+        if (fields.is_object() && fields.contains("CalPriRetAirType")) {
+            typename T::Info probe;
+            GivenFields<typename T::Info> typeOnly;
+            AddCommonFields<typename T::Info, typename T::Type>(typeOnly, T::kHighestType, T::kName);
+            const json typeField = {{"CalPriRetAirType", fields["CalPriRetAirType"]}};
+            typeOnly.Apply(typeField, source, probe);
+            own = probe.CalPriRetAirType;
+        }
+        const bool winterSeason = source.size() > 8 && source.compare(source.size() - 8, 8, "(winter)") == 0;
+        const bool summerSeason = source.size() > 8 && source.compare(source.size() - 8, 8, "(summer)") == 0;
+        if (m_settings.type) {
+            const int type = CheckedType(*m_settings.type, T::kHighestType, "--type", T::kName);
+            if ((!winterSeason && !summerSeason) || IsWinter(type) == winterSeason) return type;
+        }
+        if (own) return *own;
+        if (winterSeason) return T::kFirstWinterType;
+        if (summerSeason) return 0;
+        return m_loaded ? static_cast<int>(m_scheme->GetGivenData().CalPriRetAirType) : 0;
+    }
+
+    template <typename Info>
+    static void RefuseGivenData(const Info& info) {
+        const HDGFaults faults = HDGChecks::GivenData(info);
+        if (!faults.empty()) throw UsageError(HDGChecks::Describe(faults));
+    }
+
+    const SchemeRunSettings& m_settings;
+    std::shared_ptr<typename T::Scheme> m_scheme;
+    GivenFields<typename T::Info> m_fields;
+    bool m_loaded = false;
+    int m_runs = 0;
+    int m_lastType = 0;
+    std::map<std::string, ordered_json> m_givenPoints;
+};
+
+template <typename T>
+std::vector<SchemeResult> RunSeasons(const SchemeRunSettings& settings, const std::vector<SeasonInput>& seasons) {
+    SchemeRun<T> run(settings);
+    if (!settings.load.empty()) run.Load(settings.load);
+    std::vector<SchemeResult> results;
+    for (const SeasonInput& season : seasons) {
+        results.push_back(run.Run(season.fields, season.source));
+        RefuseMeaningless(results.back());
+    }
+    return results;
 }
 
 // ---- Output -------------------------------------------------------------------
@@ -369,14 +554,17 @@ std::string Padded(const std::string& text, size_t width) {
 void PrintQuantities(std::ostream& out, const char* heading, const std::vector<Quantity>& quantities,
                      int decimals) {
     out << "\n" << heading << "\n";
-    for (const Quantity& q : quantities)
-        out << "  " << Padded(q.symbol, 19) << Padded(q.meaning, 36) << Fixed(q.value, decimals) << " " << q.unit
-            << "\n";
+    for (const Quantity& q : quantities) {
+        const bool fraction = q.unit.empty();
+        out << "  " << Padded(q.symbol, 19) << Padded(q.meaning, 36)
+            << Fixed(fraction ? q.value * 100.0 : q.value, decimals) << " " << (fraction ? "%" : q.unit) << "\n";
+    }
 }
 
 void PrintText(std::ostream& out, const SchemeResult& result) {
     out << (result.scheme == "primary" ? "Primary" : "Secondary") << " return air, type " << result.type << " ("
-        << result.typeMeaning << "), B = " << Fixed(GetHDGCurB(), 0) << " Pa\n\n";
+        << result.typeMeaning << "), " << (result.engineering ? "engineering" : "literal")
+        << " mode, B = " << Fixed(GetHDGCurB(), 0) << " Pa\n\n";
     out << "Point  Tdb/°C   RH/%     H/(kJ/kg)  D/(g/kg)  Twb/°C   Tdp/°C\n";
     for (const auto& [label, p] : result.points) {
         out << Padded(label, 7) << Padded(Fixed(p.GetTdb(), 2), 9)
@@ -388,95 +576,203 @@ void PrintText(std::ostream& out, const SchemeResult& result) {
     PrintQuantities(out, "Moisture loads", result.moisture, 7);
 }
 
-json QuantitiesJson(const std::vector<Quantity>& quantities) {
-    json object = json::object();
-    for (const Quantity& q : quantities) object[q.symbol] = {{"value", q.value}, {"unit", q.unit}};
+ordered_json QuantitiesJson(const std::vector<Quantity>& quantities) {
+    ordered_json object = ordered_json::object();
+    for (const Quantity& q : quantities) object[q.symbol] = q.value;
     return object;
 }
 
-json ResultJson(const SchemeResult& result) {
-    json points = json::array();
-    for (const auto& [label, p] : result.points) {
-        points.push_back({{"name", label},
-                          {"Tdb", p.GetTdb()},
-                          {"RH_percent", p.GetRH() * 100.0},
-                          {"H", p.GetH()},
-                          {"D", p.GetD()},
-                          {"Twb", p.GetTwb()},
-                          {"Tdp", p.GetTdp()}});
+ordered_json WarningsJson(const HDGWarningList& warnings) {
+    ordered_json list = ordered_json::array();
+    for (const SHDGWarning& w : warnings) {
+        ordered_json item;
+        item["code"] = w.Code;
+        item["message"] = w.Message;
+        item["text"] = w.Text.ToUtf8();
+        list.push_back(item);
     }
-    return {{"scheme", result.scheme},
-            {"type", result.type},
-            {"typeMeaning", result.typeMeaning},
-            {"pressure", GetHDGCurB()},
-            {"pointUnits",
-             {{"Tdb", "°C"}, {"RH_percent", "%"}, {"H", "kJ/kg"}, {"D", "g/kg"}, {"Twb", "°C"}, {"Tdp", "°C"}}},
-            {"points", points},
-            {"flows", QuantitiesJson(result.flows)},
-            {"loads", QuantitiesJson(result.loads)},
-            {"moistureLoads", QuantitiesJson(result.moisture)},
-            {"resultTexts", result.messages}};
+    return list;
 }
 
-void Run(const SchemeOptions& options, SchemeResult (*run)(const SchemeOptions&)) {
+ordered_json ResultJson(const SchemeResult& result) {
+    ordered_json points = ordered_json::array();
+    for (const auto& [label, p] : result.points) {
+        ordered_json point = PointToJson(p);
+        point["name"] = label;
+        points.push_back(point);
+    }
+    ordered_json json;
+    json["mode"] = result.engineering ? "engineering" : "literal";
+    json["type"] = result.type;
+    json["season"] = result.typeMeaning.rfind("winter", 0) == 0 ? "winter" : "summer";
+    json["typeMeaning"] = result.typeMeaning;
+    json["pressure"] = GetHDGCurB();
+    json["units"] = UnitsJson();
+    json["input"] = result.input;
+    json["points"] = points;
+    json["flows"] = QuantitiesJson(result.flows);
+    json["loads"] = QuantitiesJson(result.loads);
+    json["moistureLoads"] = QuantitiesJson(result.moisture);
+    json["reportTexts"] = result.messages;
+    json["warnings"] = WarningsJson(result.warnings);
+    return json;
+}
+
+ordered_json DocumentJson(const std::string& scheme, const std::vector<SchemeResult>& results, bool bothSeasons) {
+    ordered_json document;
+    document["command"] = scheme;
+    if (!bothSeasons) {
+        const ordered_json result = ResultJson(results.front());
+        for (auto it = result.begin(); it != result.end(); ++it) document[it.key()] = *it;
+        return document;
+    }
+    for (const SchemeResult& result : results) {
+        const ordered_json season = ResultJson(result);
+        document[season["season"].get<std::string>()] = season;
+    }
+    return document;
+}
+
+void PrintWarnings(const std::vector<SchemeResult>& results) {
+    for (const SchemeResult& result : results)
+        for (const SHDGWarning& w : result.warnings)
+            std::cerr << "zefra: warning: " << w.Message << " [" << w.Code << "]"
+                      << (w.Text.IsEmpty() ? "" : " (" + w.Text.ToUtf8() + ")") << "\n";
+}
+
+template <typename T>
+std::vector<SeasonInput> InputSeasons(const SchemeOptions& options) {
+    if (options.input.empty()) return {{json::object(), "the built-in data"}};
+    return SeasonsOf(ParseInput(ReadInputText("--input", options.input), options.input), options.input);
+}
+
+template <typename T>
+void PrintTemplate(const SchemeOptions& options) {
+    const int type = options.settings.type ? CheckedType(*options.settings.type, T::kHighestType, "--type", T::kName)
+                                           : 0;
+    typename T::Info info = T::BuiltIn(type >= T::kFirstWinterType);
+    info.CalPriRetAirType = static_cast<typename T::Type>(type);
+    std::cout << GivenEcho<T>(info).dump(2) << "\n";
+}
+
+template <typename T>
+void Run(const SchemeOptions& options) {
+    if (options.templateOnly) {
+        PrintTemplate<T>(options);
+        return;
+    }
     // Set before any point of the given data is computed.
     options.pressure.Apply();
     if (!options.chart.empty()) CheckChartFile(options.chart);
     // The report texts are written during the calculation, in these units.
     ApplyReportUnits(options.units);
-    const SchemeResult result = run(options);
-    RefuseMeaningless(result);
-    if (!options.save.empty()) SaveProcessRecord(*result.process, options.save);
-    if (!options.chart.empty()) WriteChart(options.chart, &result.overlay);
+    const std::vector<SeasonInput> seasons = InputSeasons<T>(options);
+    const std::vector<SchemeResult> results = RunSeasons<T>(options.settings, seasons);
+    const SchemeResult& last = results.back();
+    if (!options.save.empty()) SaveProcessRecord(*last.process, options.save);
+    if (!options.chart.empty()) WriteChart(options.chart, &last.overlay);
+    PrintWarnings(results);
     if (options.json) {
-        std::cout << ResultJson(result).dump(2) << "\n";
+        std::cout << DocumentJson(T::kName, results, seasons.size() > 1).dump(2) << "\n";
     } else {
-        PrintResultTexts(std::cout, result.resultInfo, isatty(STDOUT_FILENO) != 0);
-        std::cout << "\n";
-        PrintText(std::cout, result);
+        for (const SchemeResult& result : results) {
+            if (&result != &results.front()) std::cout << "\n";
+            PrintResultTexts(std::cout, result.resultInfo, isatty(STDOUT_FILENO) != 0);
+            std::cout << "\n";
+            PrintText(std::cout, result);
+        }
     }
+    if (options.strict)
+        for (const SchemeResult& result : results)
+            if (!result.warnings.empty()) SetExitCode(kExitWarnings);
 }
 
-void AddSchemeCommand(CLI::App& app, const char* name, const char* description, int highestType,
-                      SchemeResult (*run)(const SchemeOptions&)) {
+template <typename T>
+std::string FieldHelp() {
+    const typename T::Info summer = T::BuiltIn(false);
+    const typename T::Info winter = T::BuiltIn(true);
+    std::ostringstream text;
+    text << "\nInput fields (--input FILE.json; --template prints them with the built-in values;\n"
+            "a file may hold {\"summer\": {...}, \"winter\": {...}} to run both on one object):\n"
+            "  CalPriRetAirType  treatment type 0.." << T::kHighestType << "\n"
+            "  PointN, PointW    room and outdoor state: two of Tdb (°C), RH (fraction), H (kJ/kg),\n"
+            "                    D (g/kg), Twb (°C), Tdp (°C), Pv (Pa), e.g. {\"Tdb\": 22, \"RH\": 0.6}\n"
+            "                    built in: summer N 22 °C 60 %, W 33.2 °C Twb 26.4 °C;\n"
+            "                              winter N 20 °C 45 %, W -10 °C 70 %\n"
+            "  Qn                room load, kW (cooling in summer, heat loss in winter); "
+         << summer.Qn << " / " << winter.Qn << "\n"
+         << "  Mw                room moisture load, kg/s; " << summer.Mw << " / " << winter.Mw << "\n"
+         << "  SfGdWs, HfGdWs    temperature change along the supply and return ducts, K; 0\n"
+            "  ptL_RH            relative humidity of the dew point L, fraction; " << summer.ptL_RH << "\n"
+         << "  FreshAirType      0: FreshAirRatio is given, 1: Gw is given; 0\n"
+            "  FreshAirRatio     fresh air over supply air, fraction; " << summer.FreshAirRatio << " / "
+         << winter.FreshAirRatio << "\n"
+         << "  Gw                fresh-air flow, kg/s (with FreshAirType 1)\n"
+            "  Go                supply air flow, kg/s (given in winter, calculated in summer); "
+         << winter.Go << "\n"
+         << "  SfWc              supply temperature difference, K; " << summer.SfWc << "\n";
+    if constexpr (std::is_same_v<T, Secondary>)
+        text << "  Gr1               first return-air flow, kg/s (given in winter); " << winter.Gr1 << "\n";
+    text << "Exit codes: 0 calculated, 2 refused input or no possible result, 3 calculated with warnings "
+            "(with --strict).";
+    return text.str();
+}
+
+template <typename T>
+void AddSchemeCommand(CLI::App& app, const char* description) {
     auto options = std::make_shared<SchemeOptions>();
-    CLI::App* command = app.add_subcommand(name, description);
+    CLI::App* command = app.add_subcommand(T::kName, description);
     CLI::Option* type = command->add_option(
-        "--type", options->type, "treatment type, 0.." + std::to_string(highestType) + " (default: the given data's)");
+        "--type", options->typeValue,
+        "treatment type, 0.." + std::to_string(T::kHighestType) + " (default: the input's, else 0)");
     command->add_option("--input", options->input,
-                        "JSON file of given fields by name ('-': standard input); points as two properties, "
-                        "e.g. \"PointN\": {\"Tdb\": 26, \"RH\": 0.55}");
+                        "JSON file of given fields by name ('-' for standard input); see the fields below");
     options->pressure.Register(*command);
-    command->add_flag("--json", options->json, "print the results as JSON");
+    command->add_flag("--json", options->json, "print the results as JSON (docs/cli-json.md)");
     command->add_option("--units", options->units,
-                        "units of the report texts, e.g. Q=kW,G=m^3/h,Mw=kg/h (keys H, G, Q, Mw, Den)");
+                        "units of the report texts, e.g. Q=kW,G=m^3/h,Mw=kg/h (keys H, Q, G, Mw, Den)");
     command->add_option("--save", options->save, "write the process record into this XML file");
     command->add_option("--load", options->load,
-                        "start from the process record in this XML file ('-': standard input; --input and --type "
-                        "apply on top)");
+                        "start from the process record in this XML file ('-' for standard input; --input and "
+                        "--type apply on top)");
     command->add_option("--chart", options->chart,
                         "draw the process on the enthalpy-humidity chart into this file (.svg, .png or .pdf)");
-    command->add_flag("--full-walk", options->fullWalk,
+    command->add_flag("--full-walk", options->settings.fullWalk,
                       "run the summer search as the full walk over every step (the same result, slower)");
-    command->callback([options, run, type]() {
+    command->add_flag("--literal", options->settings.literal,
+                      "the system's own treatments and texts, step for step (default: engineering mode, "
+                      "docs/processes.md)");
+    command->add_flag("--strict", options->strict, "exit with code 3 when the calculation gives warnings");
+    command->add_flag("--template", options->templateOnly,
+                      "print the built-in given data (of the season of --type) as an input file, and stop");
+    command->footer(FieldHelp<T>());
+    command->callback([options, type]() {
         if (options->load == "-" && options->input == "-")
             throw UsageError("--load - and --input -: only one of them can read standard input");
-        options->typeGiven = type->count() > 0;
-        Run(*options, run);
+        if (type->count() > 0) options->settings.type = options->typeValue;
+        options->settings.load = options->load;
+        Run<T>(*options);
     });
 }
 
 }  // namespace
 
+ordered_json RunSchemeJson(const std::string& scheme, const json& document, const SchemeRunSettings& settings) {
+    const std::vector<SeasonInput> seasons = SeasonsOf(document, "input");
+    if (scheme == Primary::kName)
+        return DocumentJson(scheme, RunSeasons<Primary>(settings, seasons), seasons.size() > 1);
+    if (scheme == Secondary::kName)
+        return DocumentJson(scheme, RunSeasons<Secondary>(settings, seasons), seasons.size() > 1);
+    throw UsageError("unknown scheme \"" + scheme + "\"");
+}
+
 void RegisterSchemeCommands(CLI::App& app) {
-    AddSchemeCommand(app, "primary",
-                     "air handling with primary return air (types 0-1 summer, 2-5 winter); the built-in "
-                     "given data are a summer design, give winter states with --input",
-                     HDGPRI_DJ_HEAT_ISOTH, RunPrimary);
-    AddSchemeCommand(app, "secondary",
-                     "air handling with secondary return air (type 0 summer, 1-4 winter); the built-in "
-                     "given data are a summer design, give winter states with --input",
-                     HDGSEC_DJ_HEAT_ISOTH, RunSecondary);
+    AddSchemeCommand<Primary>(app,
+                              "air handling with primary return air (types 0-1 summer, 2-5 winter) on the "
+                              "built-in design of the type's season, or on --input");
+    AddSchemeCommand<Secondary>(app,
+                                "air handling with secondary return air (type 0 summer, 1-4 winter) on the "
+                                "built-in design of the type's season, or on --input");
 }
 
 }  // namespace zefra::cli

@@ -3,6 +3,7 @@
 // flange lookup.
 
 #include "Cli.h"
+#include "PointIO.h"
 
 #include "zefra/components/QoHvacDrawSetManager.h"
 #include "zefra/components/QoHvacDuctCalculateManager.h"
@@ -440,9 +441,9 @@ void RegisterFlangeEdits(CLI::App& flange, const std::shared_ptr<FlangeArguments
         const ConfigEditLock lock(args->file);
         LoadConfiguration(args->file);
         QoHvacDuctFlangeManager& table = EditableFlangeTable();
-        if (given == 0 && !table.AddItem())
+        if (given == 0 && !table.TryAddItem())
             throw UsageError("a row as wide as the last would end beyond the largest number");
-        if (given == 2 && !table.AddSizeSet(args->first, args->second)) throw UsageError("the row was refused");
+        if (given == 2 && !table.TryAddSizeSet(args->first, args->second)) throw UsageError("the row was refused");
         SaveFlangeTable(table, args->file);
     });
 
@@ -493,7 +494,7 @@ void RegisterFlangeLookups(CLI::App& flange, const std::shared_ptr<FlangeArgumen
         LoadConfiguration(args->file);
         const double result = QoHvacDuctFlangeManager::GetInstance()->GetOffset(args->first);
         if (args->json)
-            std::cout << Json{{"size", args->first}, {"offset", result}}.dump(2) << "\n";
+            PrintJson(std::cout, "flange offset", Json{{"size", args->first}, {"offset", result}});
         else
             std::cout << NumberText(result) << "\n";
     });
@@ -511,8 +512,8 @@ void RegisterFlangeLookups(CLI::App& flange, const std::shared_ptr<FlangeArgumen
         const double thickness = manager.GetThickness(args->first, kind);
         const double extrude = manager.GetExrtude(args->first, kind);
         if (args->json)
-            std::cout << Json{{"size", args->first}, {"kind", args->kind}, {"thickness", thickness}, {"extrude", extrude}}.dump(2)
-                      << "\n";
+            PrintJson(std::cout, "flange pipe",
+                      Json{{"size", args->first}, {"kind", args->kind}, {"thickness", thickness}, {"extrude", extrude}});
         else
             std::cout << "thickness " << NumberText(thickness) << "\nextrude " << NumberText(extrude) << "\n";
     });
@@ -542,7 +543,7 @@ void RegisterSettingsCommands(CLI::App& app) {
         for (const SettingsSection& section : Sections())
             if (settingsArgs->manager.empty() || settingsArgs->manager == section.name) all[section.name] = section.make();
         if (settingsArgs->json)
-            std::cout << all.dump(2) << "\n";
+            PrintJson(std::cout, "settings", all);
         else
             PrintListing(all, 0, std::cout);
     });

@@ -40,13 +40,16 @@ TEST(PointCli, PrintsAllElevenPropertiesAsAnAlignedTable) {
 TEST(PointCli, JsonHoldsTheLibrarysValuesForAnyPairAndPressure) {
     const CliResult r = RunCli({"point", "--twb", "18", "--tdp", "12.5", "--pressure", "90000", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err;
-    const nlohmann::json json = r.Json();
+    const nlohmann::json document = r.Json();
+    EXPECT_EQ(document["command"], "point");
+    EXPECT_EQ(document["units"]["RH"], "1");
+    EXPECT_EQ(document["pressure"], 90000.0);
+    const nlohmann::json& json = document["point"];
     const double saved = GetHDGCurB();
     SetHDGCurB(90000.0);
     ZefraHDGPoint expected;
     expected.CalByTwbAndTdp(18.0, 12.5);
     SetHDGCurB(saved);
-    EXPECT_EQ(json["pressure"], 90000.0);
     EXPECT_EQ(json["pair"], nlohmann::json::array({"Twb", "Tdp"}));
     EXPECT_DOUBLE_EQ(json["Tdb"].get<double>(), expected.GetTdb());
     EXPECT_DOUBLE_EQ(json["H"].get<double>(), expected.GetH());
@@ -75,15 +78,15 @@ TEST(ProcessCli, MixUsesFlowsOrARatio) {
     ASSERT_EQ(r.exitCode, 0) << r.err;
     nlohmann::json json = r.Json();
     EXPECT_EQ(json["ratio"], 3.0);
-    EXPECT_EQ(json["C"]["name"], "C");
-    EXPECT_DOUBLE_EQ(json["C"]["H"].get<double>(),
-                     (3.0 * json["A"]["H"].get<double>() + json["B"]["H"].get<double>()) / 4.0);
+    EXPECT_EQ(json["points"][2]["name"], "C");
+    EXPECT_DOUBLE_EQ(json["points"][2]["H"].get<double>(),
+                     (3.0 * json["points"][0]["H"].get<double>() + json["points"][1]["H"].get<double>()) / 4.0);
 
     r = RunCli({"mix", "--a-tdb", "30", "--a-d", "12", "--b-tdb", "5", "--b-rh", "0.8", "--ratio", "1", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err;
     json = r.Json();
-    EXPECT_EQ(json["A"]["pair"], nlohmann::json::array({"Tdb", "D"}));
-    EXPECT_DOUBLE_EQ(json["C"]["D"].get<double>(), 0.5 * (12.0 + json["B"]["D"].get<double>()));
+    EXPECT_EQ(json["points"][0]["pair"], nlohmann::json::array({"Tdb", "D"}));
+    EXPECT_DOUBLE_EQ(json["points"][2]["D"].get<double>(), 0.5 * (12.0 + json["points"][1]["D"].get<double>()));
 
     r = RunCli({"mix", "--ga", "1", "--gb", "3"});
     ASSERT_EQ(r.exitCode, 0) << r.err;
@@ -122,12 +125,14 @@ TEST(ProcessCli, RatioFromLoadsOrFromPoints) {
 
     r = RunCli({"ratio", "--q", "-5", "--mw", "0", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err;
-    EXPECT_EQ(r.Json()["value"], "-∞");
+    EXPECT_EQ(r.Json()["value"], nullptr);
+    EXPECT_EQ(r.Json()["text"], "-∞");
 
     r = RunCli({"ratio", "--a-tdb", "20", "--a-d", "8", "--b-tdb", "30", "--b-d", "8", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err;
     EXPECT_EQ(r.Json()["from"], "points");
-    EXPECT_EQ(r.Json()["value"], "+∞");
+    EXPECT_EQ(r.Json()["value"], nullptr);
+    EXPECT_EQ(r.Json()["text"], "+∞");
 
     ExpectUsageError({"ratio", "--q", "5"}, "--q and --mw go together");
     ExpectUsageError({"ratio", "--q", "5", "--mw", "1", "--a-tdb", "20", "--a-rh", "0.5"}, "not both");

@@ -78,9 +78,13 @@ TEST(InputCheckCli, SchemesRefuseGivenDataFieldByField) {
         ExpectRefusals({{{"primary", "--input", input.Path()}, fragment}});
     }
     const TempFile flows(R"({"Gr1": 2})");
+    // The built-in summer states under a literal winter treatment: W' in fog.
+    const TempFile summerStates(R"({"PointN": {"Tdb": 22, "RH": 0.6}, "PointW": {"Tdb": 33.2, "Twb": 26.4},
+                                    "Qn": 11.6, "Mw": 0.0014})");
     ExpectRefusals({{{"secondary", "--type", "1", "--input", flows.Path()}, "together exceed the supply air"},
                     {{"secondary", "--pressure", "101.325"}, "looks like kPa"},
-                    {{"primary", "--type", "2"}, "point W': the state lies above saturation"}});
+                    {{"primary", "--type", "2", "--literal", "--input", summerStates.Path()},
+                     "point W': the state lies above saturation"}});
 }
 
 TEST(InputCheckCli, FilesThatCantBeReadAreRefusedNotCrashedOn) {
@@ -134,7 +138,7 @@ TEST(InputCheckCli, SweepOfPairsPrintsNoImpossibleState) {
             ASSERT_TRUE(r.exitCode == 0 || r.exitCode == 2) << pair[0] << pair[1] << a << b << r.err;
             if (r.exitCode != 0) continue;
             ++printed;
-            const auto json = r.Json();
+            const auto json = r.Json().at("point");
             const double rh = json.at("RH").get<double>();
             const double tdb = json.at("Tdb").get<double>();
             EXPECT_TRUE(rh >= 0.0 && rh <= 1.0 + 1e-9) << r.out;

@@ -245,15 +245,15 @@ TEST_F(DuctFlangeTable, NonFiniteAndNegativeValuesAreRefusedAndRowsStayInOrder) 
     const double inf = std::numeric_limits<double>::infinity();
     using T = QoHvacDuctFlangeManager;
     const std::function<bool(T&)> refused[] = {
-        [&](T& t) { return t.AddSizeSet(nan, 5); },  // once overwrote another row's offset
-        [&](T& t) { return t.AddSizeSet(inf, 5); },        [&](T& t) { return t.AddSizeSet(-1, 5); },
-        [&](T& t) { return t.AddSizeSet(700, nan); },      [&](T& t) { return t.AddSizeSet(700, -2); },
+        [&](T& t) { return t.TryAddSizeSet(nan, 5); },  // once overwrote another row's offset
+        [&](T& t) { return t.TryAddSizeSet(inf, 5); },        [&](T& t) { return t.TryAddSizeSet(-1, 5); },
+        [&](T& t) { return t.TryAddSizeSet(700, nan); },      [&](T& t) { return t.TryAddSizeSet(700, -2); },
         [&](T& t) { return t.SetLastEndRange(-1); },  // once cut the table to one row
         [&](T& t) { return t.SetLastEndRange(nan); },      [&](T& t) { return t.ChangeEndRange(inf, 1000); },
         [&](T& t) { return t.ChangeEndRange(600, nan); },  [&](T& t) { return t.ChangeStartRange(-3, 1000); },
         [&](T& t) { return t.ChangeStartRange(nan, 1000); }, [&](T& t) { return t.ChangeOffset(-1, 500); },
         [&](T& t) { return t.ChangeOffset(5, nan); },      [&](T& t) { return t.DelItem(nan); },  // matches every row
-        [&](T& t) { return t.SetDefaultOffset(nan); },     [&](T& t) { return t.SetDefaultOffset(-5); },
+        [&](T& t) { return t.TrySetDefaultOffset(nan); },     [&](T& t) { return t.TrySetDefaultOffset(-5); },
     };
     for (size_t i = 0; i < std::size(refused); ++i) {
         SetUp();
@@ -287,9 +287,9 @@ TEST_F(DuctFlangeTable, EmptyTablesAndTheLargestNumbers) {
         EXPECT_EQ(table.GetOffset(i), 40.0) << i;
     }
     table.AddSizeSet(1e308, 1.0);
-    EXPECT_FALSE(table.AddItem());  // 1e308 + 200 is 1e308
+    EXPECT_FALSE(table.TryAddItem());  // 1e308 + 200 is 1e308
     table.AddSizeSet(1.7e308, 2.0);
-    EXPECT_FALSE(table.AddItem());  // infinite
+    EXPECT_FALSE(table.TryAddItem());  // infinite
     EXPECT_EQ(RowsOf(table), (Rows{{1e308, 1}, {1.7e308, 2}}));
 }
 

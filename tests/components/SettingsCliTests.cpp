@@ -57,9 +57,9 @@ TEST_F(SettingsCli, ListsAndLooksUpWhatTheFileSays) {
     const nlohmann::json settings = all.Json();
     for (const char* section : {"flange", "pipe-flange", "vrv", "fittings", "display", "calc", "drawset"})
         EXPECT_TRUE(settings.contains(section)) << section;
-    EXPECT_EQ(settings["flange"]["flange entity"], "common plate");
+    EXPECT_EQ(settings["flange"]["flangeEntity"], "common plate");
     EXPECT_EQ(settings["flange"]["sealed"], true);
-    EXPECT_EQ(settings["fittings"]["records"]["RectElbow"]["type name"], "内圆弧");
+    EXPECT_EQ(settings["fittings"]["records"]["RectElbow"]["typeName"], "内圆弧");
     EXPECT_EQ(settings["vrv"]["WT"].size(), 0u);  // no branch: nothing built in
 
     const clitest::CliResult listing = RunCli({"settings", "pipe-flange", "--config", path});
@@ -74,14 +74,14 @@ TEST_F(SettingsCli, ListsAndLooksUpWhatTheFileSays) {
 
 TEST_F(SettingsCli, EditsSaveTheTableAndRefusalsLeaveTheFileAlone) {
     EXPECT_EQ(RunCli({"flange", "set-end", "500", "1200", "--config", path}).exitCode, 0);
-    EXPECT_EQ(Sizes(), nlohmann::json::parse(R"([{"above": 0.0, "up to": 1200.0, "offset": 25.0}])"));
+    EXPECT_EQ(Sizes(), nlohmann::json::parse(R"([{"above": 0.0, "upTo": 1200.0, "offset": 25.0}])"));
 
     EXPECT_EQ(RunCli({"flange", "add", "--config", path}).exitCode, 0);
     EXPECT_EQ(RunCli({"flange", "add", "300", "20", "--config", path}).exitCode, 0);
     EXPECT_EQ(RunCli({"flange", "set-start", "1400", "800", "--config", path}).exitCode, 0);
     EXPECT_EQ(RunCli({"flange", "del", "300", "--config", path}).exitCode, 0);
-    EXPECT_EQ(Sizes(), nlohmann::json::parse(R"([{"above": 0.0, "up to": 800.0, "offset": 25.0},
-                                                 {"above": 800.0, "up to": 1400.0, "offset": 40.0}])"));
+    EXPECT_EQ(Sizes(), nlohmann::json::parse(R"([{"above": 0.0, "upTo": 800.0, "offset": 25.0},
+                                                 {"above": 800.0, "upTo": 1400.0, "offset": 40.0}])"));
 
     const clitest::CliResult lowered = RunCli({"flange", "set-end", "1400", "700", "--config", path});
     EXPECT_EQ(lowered.exitCode, 2);

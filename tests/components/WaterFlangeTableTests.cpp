@@ -156,11 +156,11 @@ TEST_F(WaterFlangeTable, RowsWithNonFiniteOrNegativeValuesAreRefused) {
     // A NaN start once left the table unsorted; the record's default start is -1.
     for (const SFlangeExtrudeData& row : {Row(nan, 2, 20), Row(-1, 2, 20), SFlangeExtrudeData(), Row(30, inf, 20),
                                           Row(30, -2, 20), Row(30, 2, nan)}) {
-        EXPECT_FALSE(manager->AddExtrudeData(row, ESysKT)) << row.start << " " << row.thickness << " " << row.extrude;
+        EXPECT_FALSE(manager->TryAddExtrudeData(row, ESysKT)) << row.start << " " << row.thickness << " " << row.extrude;
         QoList<SFlangeExtrudeData> list;
         list.Append(Row(5, 1, 1));
         list.Append(row);
-        EXPECT_FALSE(manager->SetFlangeData(list, ESysKT));
+        EXPECT_FALSE(manager->TrySetFlangeData(list, ESysKT));
         EXPECT_EQ(Vector(manager->GetFlangeData(ESysKT)), kept);
     }
     EXPECT_EQ(manager->GetThickness(nan, ESysKT), 1.0);  // below every table

@@ -44,7 +44,7 @@ TEST_F(LayerCliTest, ListsSystemsAndResolvesLayers) {
                                  "--diagram", "--json", "--config", m_config});
     ASSERT_EQ(unknown.exitCode, 0) << unknown.err;
     EXPECT_EQ(unknown.Json()["key"], "HVAC-NT_PROJ_KT-NT_CLASS_SYS-NT_MODEL_PIPEEQUIPMENT");
-    EXPECT_EQ(unknown.Json()["system_known"], false);
+    EXPECT_EQ(unknown.Json()["systemKnown"], false);
     EXPECT_NE(unknown.err.find("'热水' is not a system of kind kt"), std::string::npos) << unknown.err;
 
     const auto fixed = RunCli({"layer", "hdg-hst", "--json", "--config", m_config});

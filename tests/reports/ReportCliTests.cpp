@@ -43,7 +43,7 @@ TEST_F(ReportCli, PrimaryPrintsTheFourTextsAsWrittenBeforeTheTable) {
     EXPECT_EQ(run.out.find("不守恒"), std::string::npos);
 
     const auto json = RunCli({"secondary", "--json"}).Json();
-    EXPECT_EQ(json.at("resultTexts").at(2), kSecondarySummer[2]);
+    EXPECT_EQ(json.at("reportTexts").at(2), kSecondarySummer[2]);
 }
 
 TEST_F(ReportCli, UnitsFollowTheOptionAndTheConfiguration) {

@@ -47,7 +47,7 @@ private:
     std::filesystem::path m_path;
 };
 
-double Value(const nlohmann::json& group, const char* symbol) { return group.at(symbol).at("value").get<double>(); }
+double Value(const nlohmann::json& group, const char* symbol) { return group.at(symbol).get<double>(); }
 
 void ExpectRefused(const std::string& arguments, const std::string& expected) {
     const RunResult run = RunCli(arguments);
@@ -74,7 +74,7 @@ TEST(SchemeCli, JsonInputOfADesignGivesBalancedResults) {
         EXPECT_EQ(result.at("points").size(), 8u);
         EXPECT_EQ(result.at("points").at(0).at("name"), "N");
         EXPECT_NEAR(result.at("points").at(0).at("Tdb").get<double>(), 26.0, 1e-9);
-        EXPECT_NEAR(result.at("points").at(0).at("RH_percent").get<double>(), 55.0, 1e-9);
+        EXPECT_NEAR(result.at("points").at(0).at("RH").get<double>(), 0.55, 1e-12);
         const auto& loads = result.at("loads");
         EXPECT_NEAR(Value(loads, "Qp"),
                     Value(loads, "Qn") + Value(loads, "Qw") + Value(loads, "Qr") + Value(loads, "Qo") + Value(loads, "Qk"),
@@ -137,6 +137,8 @@ TEST(SchemeCli, CalculationsThatCannotBeCarriedOutAreRefused) {
     ExpectRefused("secondary --type 2 --input " + noSupplyFlow.Path(), "Go = 0 kg/s is outside");
     const InputFile noFreshAir(R"({"FreshAirRatio": 0})");
     ExpectRefused("secondary --type 1 --input " + noFreshAir.Path(), "the fresh-air flow is 0");
-    // A winter treatment of the built-in summer states gives states that can't exist.
-    ExpectRefused("primary --type 2", "point W': the state lies above saturation");
+    // A literal winter treatment of the built-in summer states gives states that can't exist.
+    const InputFile summerStates(R"({"PointN": {"Tdb": 22, "RH": 0.6}, "PointW": {"Tdb": 33.2, "Twb": 26.4},
+                                     "Qn": 11.6, "Mw": 0.0014})");
+    ExpectRefused("primary --literal --type 2 --input " + summerStates.Path(), "point W': the state lies above saturation");
 }

@@ -64,11 +64,13 @@ bool QoHvacDuctFlangeManager::GetSearlarType() const {
 
 bool QoHvacDuctFlangeManager::IsTableValue(double value) { return std::isfinite(value) && value >= 0.0; }
 
-bool QoHvacDuctFlangeManager::SetDefaultOffset(double offset) {
+bool QoHvacDuctFlangeManager::TrySetDefaultOffset(double offset) {
     if (!IsTableValue(offset)) return false;
     m_defaultOffset = offset;
     return true;
 }
+
+void QoHvacDuctFlangeManager::SetDefaultOffset(double offset) { TrySetDefaultOffset(offset); }
 
 double QoHvacDuctFlangeManager::GetEndRange(int i) const {
     if (i >= GetSizeSetNum() || m_sizeSet.empty()) return -1.0;
@@ -92,13 +94,15 @@ double QoHvacDuctFlangeManager::GetOffset(double size) const {
     return m_defaultOffset;
 }
 
-bool QoHvacDuctFlangeManager::AddSizeSet(double endRange, double offset) {
+bool QoHvacDuctFlangeManager::TryAddSizeSet(double endRange, double offset) {
     if (!IsTableValue(endRange) || !IsTableValue(offset)) return false;
     m_sizeSet[endRange] = offset;
     return true;
 }
 
-bool QoHvacDuctFlangeManager::AddItem() {
+void QoHvacDuctFlangeManager::AddSizeSet(double endRange, double offset) { TryAddSizeSet(endRange, offset); }
+
+bool QoHvacDuctFlangeManager::TryAddItem() {
     double last = 0.0;
     double step = 200.0;
     if (!m_sizeSet.empty()) {
@@ -111,8 +115,10 @@ bool QoHvacDuctFlangeManager::AddItem() {
     }
     // Near the largest numbers the sum may not lie above the last end.
     const double end = last + step;
-    return end > last && AddSizeSet(end, m_defaultOffset);
+    return end > last && TryAddSizeSet(end, m_defaultOffset);
 }
+
+void QoHvacDuctFlangeManager::AddItem() { TryAddItem(); }
 
 bool QoHvacDuctFlangeManager::DelItem(double endRange) {
     return IsLookupKey(endRange) && m_sizeSet.erase(endRange) > 0;
@@ -127,7 +133,7 @@ bool QoHvacDuctFlangeManager::ChangeOffset(double offset, double endRange) {
 }
 
 bool QoHvacDuctFlangeManager::SetLastEndRange(double endRange) {
-    if (!AddSizeSet(endRange, GetOffset(endRange))) return false;
+    if (!TryAddSizeSet(endRange, GetOffset(endRange))) return false;
     m_sizeSet.erase(m_sizeSet.upper_bound(endRange), m_sizeSet.end());
     return true;
 }

@@ -48,7 +48,9 @@ public:
     static bool IsTableValue(double value);
 
     double GetDefaultOffset() const { return m_defaultOffset; }
-    bool SetDefaultOffset(double offset);
+    void SetDefaultOffset(double offset);
+    // The same, saying whether the change was made (false: refused, nothing changed).
+    bool TrySetDefaultOffset(double offset);
 
     int GetSizeSetNum() const { return static_cast<int>(m_sizeSet.size()); }
     // Row lookups by index: -1.0 (or the default offset) past the last row
@@ -61,11 +63,15 @@ public:
     double GetOffset(double size) const;
 
     // Inserts the row, replacing one with the same end range.
-    bool AddSizeSet(double endRange, double offset);
+    void AddSizeSet(double endRange, double offset);
+    // The same, saying whether the change was made (false: refused, nothing changed).
+    bool TryAddSizeSet(double endRange, double offset);
     // Appends a row as wide as the last one (200 for the first rows) with
     // the default offset; false if its end would not be a finite number
     // above the last one.
-    bool AddItem();
+    void AddItem();
+    // The same, saying whether the change was made (false: refused, nothing changed).
+    bool TryAddItem();
     bool DelItem(double endRange);
     void ResetSize() { m_sizeSet.clear(); }
     bool ChangeOffset(double offset, double endRange);

@@ -62,7 +62,7 @@ QoList<SFlangeExtrudeData> QoHvacWTFlangeManager::GetFlangeData(EQoDbHvacSystemT
     return table != nullptr ? *table : QoList<SFlangeExtrudeData>();
 }
 
-bool QoHvacWTFlangeManager::SetFlangeData(QoList<SFlangeExtrudeData> rows, EQoDbHvacSystemType kind) {
+bool QoHvacWTFlangeManager::TrySetFlangeData(QoList<SFlangeExtrudeData> rows, EQoDbHvacSystemType kind) {
     QoList<SFlangeExtrudeData>* table = TableOf(kind);
     if (table == nullptr) return false;
     for (const SFlangeExtrudeData* row = rows.GetFirst(); row != nullptr; row = rows.GetNext(row))
@@ -72,13 +72,17 @@ bool QoHvacWTFlangeManager::SetFlangeData(QoList<SFlangeExtrudeData> rows, EQoDb
     return true;
 }
 
-bool QoHvacWTFlangeManager::AddExtrudeData(const SFlangeExtrudeData& row, EQoDbHvacSystemType kind) {
+void QoHvacWTFlangeManager::SetFlangeData(QoList<SFlangeExtrudeData> rows, EQoDbHvacSystemType kind) { TrySetFlangeData(rows, kind); }
+
+bool QoHvacWTFlangeManager::TryAddExtrudeData(const SFlangeExtrudeData& row, EQoDbHvacSystemType kind) {
     QoList<SFlangeExtrudeData>* table = TableOf(kind);
     if (table == nullptr || !IsValidRow(row)) return false;
     table->Append(row);
     Sort(kind);
     return true;
 }
+
+void QoHvacWTFlangeManager::AddExtrudeData(const SFlangeExtrudeData& row, EQoDbHvacSystemType kind) { TryAddExtrudeData(row, kind); }
 
 void QoHvacWTFlangeManager::Clear(EQoDbHvacSystemType kind) {
     if (QoList<SFlangeExtrudeData>* table = TableOf(kind)) table->Reset();

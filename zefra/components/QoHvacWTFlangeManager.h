@@ -35,10 +35,14 @@ public:
 
     // Takes the rows, sorted; false, with the table as it was, if one of
     // them is refused or the kind has no table.
-    bool SetFlangeData(QoList<SFlangeExtrudeData> rows, HVAC::EQoDbHvacSystemType kind);
+    void SetFlangeData(QoList<SFlangeExtrudeData> rows, HVAC::EQoDbHvacSystemType kind);
+    // The same, saying whether the change was made (false: refused, nothing changed).
+    bool TrySetFlangeData(QoList<SFlangeExtrudeData> rows, HVAC::EQoDbHvacSystemType kind);
     // Appends without looking for a row of the same start, then sorts; false
     // for a refused row or a kind without table.
-    bool AddExtrudeData(const SFlangeExtrudeData& row, HVAC::EQoDbHvacSystemType kind);
+    void AddExtrudeData(const SFlangeExtrudeData& row, HVAC::EQoDbHvacSystemType kind);
+    // The same, saying whether the change was made (false: refused, nothing changed).
+    bool TryAddExtrudeData(const SFlangeExtrudeData& row, HVAC::EQoDbHvacSystemType kind);
     void Clear(HVAC::EQoDbHvacSystemType kind);
     void Sort(HVAC::EQoDbHvacSystemType kind);
 
