@@ -329,6 +329,8 @@ ordered_json GivenEcho(const typename T::Info& info) {
 struct SeasonInput {
     json fields = json::object();
     std::string source;
+    // Set when the input names the season ("summer" or "winter").
+    std::optional<bool> winter;
 };
 
 std::vector<SeasonInput> SeasonsOf(const json& document, const std::string& file) {
@@ -337,8 +339,9 @@ std::vector<SeasonInput> SeasonsOf(const json& document, const std::string& file
         std::vector<SeasonInput> seasons;
         for (const char* season : {"summer", "winter"})
             if (document.contains(season) && document[season].contains("input"))
-                seasons.push_back({document[season]["input"], file + " (" + season + ")"});
-        if (document.contains("input")) seasons.push_back({document["input"], file});
+                seasons.push_back({document[season]["input"], file + " (" + season + ")",
+                                   std::string(season) == "winter"});
+        if (document.contains("input")) seasons.push_back({document["input"], file, std::nullopt});
         if (seasons.empty()) throw UsageError(file + ": this output holds no \"input\" to run again");
         return seasons;
     }
@@ -350,10 +353,11 @@ std::vector<SeasonInput> SeasonsOf(const json& document, const std::string& file
                                  it.key() + "\"");
         }
         for (const char* season : {"summer", "winter"})
-            if (document.contains(season)) seasons.push_back({document[season], file + " (" + season + ")"});
+            if (document.contains(season))
+                seasons.push_back({document[season], file + " (" + season + ")", std::string(season) == "winter"});
         return seasons;
     }
-    return {{document, file}};
+    return {{document, file, std::nullopt}};
 }
 
 // ---- Running ------------------------------------------------------------------
@@ -429,8 +433,10 @@ public:
 
     // One season: its given data from the built-in design of its season (or
     // the loaded record, or the season before), changed by `fields`.
-    SchemeResult Run(const json& fields, const std::string& source) {
-        const int type = TypeOf(fields, source);
+    SchemeResult Run(const SeasonInput& season) {
+        const json& fields = season.fields;
+        const std::string& source = season.source;
+        const int type = TypeOf(season);
         typename T::Info given = m_loaded || m_runs > 0 ? m_scheme->GetGivenData() : T::BuiltIn(IsWinter(type));
         if (m_runs > 0 && IsWinter(type) && !IsWinter(m_lastType)) {
             // Winter after summer on one object: the room and outdoor states of winter.
@@ -489,25 +495,23 @@ private:
 
     // --type where it suits the season of the fields, else their own type,
     // else the loaded record's, else the first of the season.
-    int TypeOf(const json& fields, const std::string& source) const {
+    int TypeOf(const SeasonInput& season) const {
+        const json& fields = season.fields;
         std::optional<int> own;
         if (fields.is_object() && fields.contains("CalPriRetAirType")) {
             typename T::Info probe;
             GivenFields<typename T::Info> typeOnly;
             AddCommonFields<typename T::Info, typename T::Type>(typeOnly, T::kHighestType, T::kName);
             const json typeField = {{"CalPriRetAirType", fields["CalPriRetAirType"]}};
-            typeOnly.Apply(typeField, source, probe);
+            typeOnly.Apply(typeField, season.source, probe);
             own = probe.CalPriRetAirType;
         }
-        const bool winterSeason = source.size() > 8 && source.compare(source.size() - 8, 8, "(winter)") == 0;
-        const bool summerSeason = source.size() > 8 && source.compare(source.size() - 8, 8, "(summer)") == 0;
         if (m_settings.type) {
             const int type = CheckedType(*m_settings.type, T::kHighestType, "--type", T::kName);
-            if ((!winterSeason && !summerSeason) || IsWinter(type) == winterSeason) return type;
+            if (!season.winter || IsWinter(type) == *season.winter) return type;
         }
         if (own) return *own;
-        if (winterSeason) return T::kFirstWinterType;
-        if (summerSeason) return 0;
+        if (season.winter) return *season.winter ? T::kFirstWinterType : 0;
         return m_loaded ? static_cast<int>(m_scheme->GetGivenData().CalPriRetAirType) : 0;
     }
 
@@ -532,7 +536,7 @@ std::vector<SchemeResult> RunSeasons(const SchemeRunSettings& settings, const st
     if (!settings.load.empty()) run.Load(settings.load);
     std::vector<SchemeResult> results;
     for (const SeasonInput& season : seasons) {
-        results.push_back(run.Run(season.fields, season.source));
+        results.push_back(run.Run(season));
         RefuseMeaningless(results.back());
     }
     return results;
@@ -642,7 +646,7 @@ void PrintWarnings(const std::vector<SchemeResult>& results) {
 
 template <typename T>
 std::vector<SeasonInput> InputSeasons(const SchemeOptions& options) {
-    if (options.input.empty()) return {{json::object(), "the built-in data"}};
+    if (options.input.empty()) return {{json::object(), "the built-in data", std::nullopt}};
     return SeasonsOf(ParseInput(ReadInputText("--input", options.input), options.input), options.input);
 }
 

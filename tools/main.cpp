@@ -1,5 +1,6 @@
 #include "Cli.h"
 
+#include "zefra/ZefraVersion.h"
 #include "zefra/config/QoDtDiskFile.h"
 #include "zefra/module/ZefraModule.h"
 #include "zefra/platform/host/CommandLine.h"
@@ -111,6 +112,8 @@ int Run(CLI::App& app, int argc, char** argv) {
         return app.exit(e);
     } catch (const CLI::CallForAllHelp& e) {
         return app.exit(e);
+    } catch (const CLI::CallForVersion& e) {
+        return app.exit(e);
     } catch (const CLI::ParseError& e) {
         std::cerr << "zefra: " << e.what() << "\n";
         std::cerr << "Run with --help for the usage.\n";
@@ -142,6 +145,7 @@ int main(int argc, char** argv) {
     // limit is an error, not a silent death.
     QoDtDiskFile::InstallSignalCleanup();
     CLI::App app{"zefra: moist-air states and air-handling processes on the enthalpy-humidity chart", "zefra"};
+    app.set_version_flag("--version", "zefra " ZEFRA_VERSION_STRING);
     app.require_subcommand(1);
     zefra::cli::RegisterAirCommands(app);
     zefra::cli::RegisterSchemeCommands(app);

@@ -23,6 +23,7 @@
 // and every computed state is finite, at or below saturation, below the
 // boiling point at the pressure, and no drier than a dew point of −100 °C.
 
+#include "zefra/ZefraExport.h"
 #include "zefra/air/SHDGPrimaryReturnAirInfo.h"
 #include "zefra/air/SHDGSecondaryReturnAirInfo.h"
 #include "zefra/air/ZefraHDGPoint.h"
@@ -35,7 +36,7 @@
 class ZefraHDGPrimaryReturnAir;
 class ZefraHDGSecondaryReturnAir;
 
-struct SHDGInputFault {
+struct ZEFRA_API SHDGInputFault {
     std::string Field;    // "pressure", "PointN.RH", "FreshAirRatio", "point C", "Gn"
     double Value = 0.0;   // the offending value
     std::string Message;  // one sentence: field, value, allowed range and unit, a hint
@@ -44,7 +45,7 @@ struct SHDGInputFault {
 using HDGFaults = std::vector<SHDGInputFault>;
 
 // A refusal for callers that prefer exceptions; what() is the fault's message.
-class HDGInputError : public std::invalid_argument {
+class ZEFRA_API HDGInputError : public std::invalid_argument {
 public:
     explicit HDGInputError(SHDGInputFault fault);
     const SHDGInputFault& GetFault() const { return m_fault; }
@@ -53,6 +54,7 @@ private:
     SHDGInputFault m_fault;
 };
 
+ZEFRA_API_BEGIN
 namespace HDGChecks {
 
 constexpr double kLowestPressure = 50000.0;    // Pa
@@ -99,3 +101,4 @@ HDGFaults Results(const ZefraHDGSecondaryReturnAir& scheme);
 std::string Describe(const HDGFaults& faults);
 
 }  // namespace HDGChecks
+ZEFRA_API_END

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Given data of the primary return-air scheme. Units: °C, RH as a fraction,
 // kJ/kg, g/kg, kg/s for air flows, kW for heat loads, kg/s for moisture loads.
 
@@ -13,7 +14,7 @@ enum EHDGPriRetAirType : int {
     HDGPRI_DJ_HEAT_ISOTH = 5,   // winter: heating, then humidifying at constant temperature
 };
 
-struct SHDGPrimaryReturnAirInfo {
+struct ZEFRA_API SHDGPrimaryReturnAirInfo {
     SHDGPrimaryReturnAirInfo();
 
     EHDGPriRetAirType CalPriRetAirType = HDGPRI_XJ_DEWPOINT;

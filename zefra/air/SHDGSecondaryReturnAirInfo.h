@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Given data of the secondary return-air scheme. Units: °C, RH as a fraction,
 // kJ/kg, g/kg, kg/s for air flows, kW for heat loads, kg/s for moisture loads.
 
@@ -12,7 +13,7 @@ enum EHDGSecRetAirType : int {
     HDGSEC_DJ_HEAT_ISOTH = 4,   // winter: heating, then humidifying at constant temperature
 };
 
-struct SHDGSecondaryReturnAirInfo {
+struct ZEFRA_API SHDGSecondaryReturnAirInfo {
     SHDGSecondaryReturnAirInfo();
 
     EHDGSecRetAirType CalPriRetAirType = HDGSEC_XJ;

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The heat-humidity ratio ε of a process, in kJ/kg, as text: from a heat
 // load and a moisture load, or from the two end states. A zero divisor
 // gives "+∞" or "-∞".
@@ -6,7 +7,7 @@
 #include "zefra/air/ZefraHDGPoint.h"
 #include "zefra/air/ZefraHDGProcess.h"
 
-class ZefraHDGHeatHumRat : public ZefraHDGProcess {
+class ZEFRA_API ZefraHDGHeatHumRat : public ZefraHDGProcess {
     DECLARE_DYNAMIC(ZefraHDGHeatHumRat)
 public:
     ZefraHDGHeatHumRat();

@@ -1,11 +1,12 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // A heat load along a line between two states: Q from the air flow G, or G
 // from Q, by the enthalpy difference from A to B.
 
 #include "zefra/air/ZefraHDGPoint.h"
 #include "zefra/air/ZefraHDGProcess.h"
 
-class ZefraHDGLine : public ZefraHDGProcess {
+class ZEFRA_API ZefraHDGLine : public ZefraHDGProcess {
     DECLARE_DYNAMIC(ZefraHDGLine)
 public:
     ZefraHDGLine();

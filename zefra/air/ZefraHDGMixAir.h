@@ -1,11 +1,12 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Mixing of two air streams A and B into C, in the ratio Ga : Gb or in a
 // given ratio of parts of A to one part of B.
 
 #include "zefra/air/ZefraHDGPoint.h"
 #include "zefra/air/ZefraHDGProcess.h"
 
-class ZefraHDGMixAir : public ZefraHDGProcess {
+class ZEFRA_API ZefraHDGMixAir : public ZefraHDGProcess {
     DECLARE_DYNAMIC(ZefraHDGMixAir)
 public:
     ZefraHDGMixAir();

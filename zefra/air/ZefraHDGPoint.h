@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // One state of moist air on the enthalpy-humidity chart: eleven properties,
 // the point's name and the pair of properties that defines it. A plain value
 // class; every calculation reads the current pressure GetHDGCurB().
@@ -25,7 +26,7 @@ enum EHvacHDGPointCalItemType : int {
     HDGPT_PS = 10,
 };
 
-class ZefraHDGPoint {
+class ZEFRA_API ZefraHDGPoint {
 public:
     ZefraHDGPoint() = default;
     ZefraHDGPoint(double Tdb, double RH, const CString& Name);
@@ -125,7 +126,7 @@ private:
 };
 
 // The kind of the property named in a text; 0 when it names none.
-EHvacHDGPointCalItemType GetHDGPtCalItemType(const CString& text);
+ZEFRA_API EHvacHDGPointCalItemType GetHDGPtCalItemType(const CString& text);
 
 // Archive form of points: the eleven numbers, the name and the pair.
-void SerializeElements(CArchive& ar, ZefraHDGPoint* points, int count);
+ZEFRA_API void SerializeElements(CArchive& ar, ZefraHDGPoint* points, int count);

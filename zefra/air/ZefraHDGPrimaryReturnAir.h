@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Air handling with one return-air stream. Outdoor air W (preheated to W'
 // where winter needs it) mixes with return air N' into C, the unit treats C
 // through L, and the air reaches the room as supply state O. Types 0 and 1
@@ -14,7 +15,7 @@
 #include "zefra/air/ZefraHDGProcess.h"
 #include "zefra/platform/mfc/CNTArray.h"
 
-class ZefraHDGPrimaryReturnAir : public ZefraHDGProcess {
+class ZEFRA_API ZefraHDGPrimaryReturnAir : public ZefraHDGProcess {
     DECLARE_DYNAMIC(ZefraHDGPrimaryReturnAir)
 public:
     ZefraHDGPrimaryReturnAir();

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Base of the air processes on the chart: the caller fills the given data,
 // calls Calculate, and reads points, numbers and the result texts.
 
@@ -7,7 +8,7 @@
 
 class QoDtDictionary;
 
-class ZefraHDGProcess : public CNTObject {
+class ZEFRA_API ZefraHDGProcess : public CNTObject {
     DECLARE_DYNAMIC(ZefraHDGProcess)
 public:
     ZefraHDGProcess() = default;

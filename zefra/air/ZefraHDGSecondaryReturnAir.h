@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Air handling with two return-air streams. Outdoor air W (preheated to W' in
 // winter) mixes with the first return air into C, the unit treats C to L,
 // the second return air joins L in M, and the air reaches the room as supply
@@ -14,7 +15,7 @@
 #include "zefra/air/ZefraHDGProcess.h"
 #include "zefra/platform/mfc/CNTArray.h"
 
-class ZefraHDGSecondaryReturnAir : public ZefraHDGProcess {
+class ZEFRA_API ZefraHDGSecondaryReturnAir : public ZefraHDGProcess {
     DECLARE_DYNAMIC(ZefraHDGSecondaryReturnAir)
 public:
     ZefraHDGSecondaryReturnAir();

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Lays out the enthalpy-humidity chart as a scene: the four line families
 // and the saturation curve, the frame with the temperature, moisture and
 // vapour-pressure scales, the title block, the heat-humidity-ratio dial, and
@@ -16,6 +17,8 @@
 
 #include <string>
 
+ZEFRA_API_BEGIN
+
 namespace HDGChartBuilder {
 
 // The chart of `drawSet` at `pressure` (Pa), with `overlay` drawn over it
@@ -26,3 +29,5 @@ bool Build(const SHvacHDGDrawSet& drawSet, double pressure, const SHDGChartLayer
            const SHDGChartOverlay* overlay, HDGChartScene& scene, std::string& error);
 
 }  // namespace HDGChartBuilder
+
+ZEFRA_API_END

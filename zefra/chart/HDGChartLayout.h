@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // What the chart's layout needs to keep texts apart: the size a text takes,
 // the outline it covers, and a set of outlines already taken.
 //
@@ -11,6 +12,8 @@
 #include <array>
 #include <string>
 #include <vector>
+
+ZEFRA_API_BEGIN
 
 namespace HDGChartLayout {
 
@@ -51,3 +54,5 @@ private:
 };
 
 }  // namespace HDGChartLayout
+
+ZEFRA_API_END

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Settings of the enthalpy-humidity chart: how it is drawn, which items the
 // point and return-air reports show, and the abbreviations, unit names and
 // precisions of the report texts. The manager is also the module's set of
@@ -21,7 +22,7 @@
 
 #include <vector>
 
-class QoHvacHDGSysSetManager : public CHUnitConvert,
+class ZEFRA_API QoHvacHDGSysSetManager : public CHUnitConvert,
                                public CQUnitConvert,
                                public CVUnitConvert,
                                public CMwUnitConvert,

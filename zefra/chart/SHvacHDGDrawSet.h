@@ -1,8 +1,9 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // How the enthalpy-humidity chart is drawn: ranges, line intervals, the
 // drawing lengths the ranges take, which decorations appear and the text.
 
-struct SHvacHDGDrawSet {
+struct ZEFRA_API SHvacHDGDrawSet {
     SHvacHDGDrawSet();
     ~SHvacHDGDrawSet() {}
 

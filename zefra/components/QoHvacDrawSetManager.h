@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Drawing defaults of the water and heating commands. Three records serve
 // the six kinds: air-conditioning water and VRV share one
 // ("ZEFRA\WATER\DRAWSET"), floor heating has its own
@@ -18,7 +19,7 @@
 #include "zefra/platform/host/AcDbObjectId.h"
 #include "zefra/platform/mfc/CString.h"
 
-class QoHvacDrawSetManager {
+class ZEFRA_API QoHvacDrawSetManager {
 public:
     static QoHvacDrawSetManager* GetInstance();
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Conditions of duct calculation: the air state that gives density and
 // kinematic viscosity, and the design ranges of air velocity and of the
 // specific friction loss ("Bmz"). The calculation commands read the public
@@ -14,7 +15,7 @@
 
 class QoDtDictionary;
 
-class QoHvacDuctCalculateManager {
+class ZEFRA_API QoHvacDuctCalculateManager {
 public:
     static QoHvacDuctCalculateManager* GetInstance();
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // How duct and pipe objects are displayed: which kinds of object show their
 // axis, whether mask graphics show, the break offset, the line type option,
 // and for pipes the 2D reducer. One half for ducts (ESysDuct), one shared
@@ -16,7 +17,7 @@
 #include "zefra/layers/EQoDbHvacSystemType.h"
 #include "zefra/module/QoModuleSingleton.h"
 
-class QoHvacDuctDisplayManager {
+class ZEFRA_API QoHvacDuctDisplayManager {
 public:
     static QoHvacDuctDisplayManager* GetInstance();
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The default fitting of each family (elbow, transition, offset, tee,
 // cross) for rectangular and circular ducts, eight general options of
 // fitting generation, and the catalogues from fitting type numbers to their
@@ -21,7 +22,7 @@
 
 #include <map>
 
-class QoHvacDuctFitManager {
+class ZEFRA_API QoHvacDuctFitManager {
 public:
     using Catalogue = std::map<int, CString>;
 

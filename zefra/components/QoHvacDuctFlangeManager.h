@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // How far a duct flange stands out, by duct size. The table holds size
 // ranges by their upper bound only ("end range"): row i covers the sizes
 // above the end of row i - 1 up to its own end, row 0 starts at 0, and
@@ -21,7 +22,7 @@
 
 class QoDtDictionary;
 
-class QoHvacDuctFlangeManager {
+class ZEFRA_API QoHvacDuctFlangeManager {
 public:
     // The selection of the store's "STYLE" option.
     enum EFlangeStyle : int {

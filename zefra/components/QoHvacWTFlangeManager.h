@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Flange thickness and projection of pipes, as a step function of the
 // nominal size. Two tables: one for the air-conditioning water and VRV
 // kinds ("ZEFRA\WATER\FLANGESET"), one for the three heating kinds
@@ -21,7 +22,7 @@
 #include "zefra/platform/entities/SFlangeExtrudeData.h"
 #include "zefra/platform/mfc/CString.h"
 
-class QoHvacWTFlangeManager {
+class ZEFRA_API QoHvacWTFlangeManager {
 public:
     static QoHvacWTFlangeManager* GetInstance();
 

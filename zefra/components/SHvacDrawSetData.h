@@ -1,11 +1,12 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Drawing defaults of one group of water or heating systems: risers and
 // their labels, text, scale, bend bridges, branch joints (FQG) of
 // multi-split networks, and the radiator label suffix.
 
 #include "zefra/platform/mfc/CString.h"
 
-struct SHvacDrawSetData {
+struct ZEFRA_API SHvacDrawSetData {
     double m_riserDia = 1.5;
     bool m_autoFillUp = true;
     int m_gsRiserType = 1;

@@ -1,8 +1,9 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // How radiators are connected and how far they sit from the pipes, for
 // all radiators of the heating kinds.
 
-struct SHvacRadDrawSetData {
+struct ZEFRA_API SHvacRadDrawSetData {
     double m_distToTop = 200.0;
     double m_distToBottom = 200.0;
     int m_singlePipeLeapJointType = 0;

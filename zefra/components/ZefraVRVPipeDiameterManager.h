@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The two lists of diameters a VRV pipe may choose from, kept below
 // g_dictCfg "ZEFRA\WATER\VRVPIPE": the first list in "WT", the second in
 // "AIR", each as the number array "DN". Reading doesn't fill in anything
@@ -8,7 +9,7 @@
 #include "zefra/containers/QoList.h"
 #include "zefra/module/QoModuleSingleton.h"
 
-class ZefraVRVPipeDiameterManager {
+class ZEFRA_API ZefraVRVPipeDiameterManager {
 public:
     static ZefraVRVPipeDiameterManager* GetInstance();
 

@@ -1,9 +1,12 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Short ways into the two global trees: remembered values, the one writer of
 // the configuration file, and the settings of space (room) labels kept in
 // "ZEFRA\SPACE".
 
 #include "zefra/platform/mfc/CString.h"
+
+ZEFRA_API_BEGIN
 
 namespace HVAC {
 
@@ -40,3 +43,5 @@ bool SetConfigHvacSpaceInfoToCurDwg(bool onlyIfUnset);
 ECustomProject GetCustomProject();
 
 }  // namespace HVAC
+
+ZEFRA_API_END

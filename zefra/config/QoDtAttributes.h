@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The string attributes of a dictionary item, in the order they were first
 // set. Names are compared exactly, case included. From a few attributes on
 // a hashed index by name (keyed as the child index is) stands beside them,
@@ -11,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-class QoDtAttributes {
+class ZEFRA_API QoDtAttributes {
 public:
     // Null when the attribute isn't there.
     const CString* Find(const wchar_t* name) const;

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Memory for the nodes of configuration trees: the items and the cells of
 // the child lists. A file is read, and a tree freed, tens of thousands of
 // small blocks at a time; a free list per block size serves them at a
@@ -13,7 +14,7 @@
 
 #include <cstddef>
 
-class QoDtBlockPool {
+class ZEFRA_API QoDtBlockPool {
 public:
     static void* Allocate(size_t size);
     // `size` is the one given to Allocate.

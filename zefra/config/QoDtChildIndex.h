@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Index of a dictionary's children by key, kept beside the child list (which
 // stays the owner and keeps the order). Open addressing with linear probing;
 // each slot holds the key's hash and the item. When two children share a key
@@ -11,7 +12,7 @@
 
 class QoDtDictItem;
 
-class QoDtChildIndex {
+class ZEFRA_API QoDtChildIndex {
 public:
     bool IsBuilt() const { return m_built; }
     // Forgets everything; the next look-up has to rebuild.

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // An edit of a configuration file that no other writer can come between:
 // take the file's write lock, load the file as it is on disk now, change the
 // tree, save, let go. Two programs that edit one file at once each apply
@@ -11,7 +12,7 @@
 
 class QoDtDictionary;
 
-class QoDtConfigEdit {
+class ZEFRA_API QoDtConfigEdit {
 public:
     // Changes the tree; false (with the cause in the error) leaves the file
     // as it was. Exceptions pass through, and nothing is saved then either.

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The two global trees and their loading and saving.
 //
 //   g_dictCfg          the suite's configuration, file "Config.xml"
@@ -18,7 +19,7 @@
 
 #include "zefra/config/QoDtDictionary.h"
 
-class QoDtConfigStore {
+class ZEFRA_API QoDtConfigStore {
 public:
     enum ETree { eConfig, eHistory };
     enum ELoadState { eNotLoaded, eFileMissing, eLoaded, eLoadFailed };
@@ -50,7 +51,7 @@ private:
 #define g_dictHistoryData (QoDtConfigStore::History())
 
 // The owner's loading of the two trees.
-bool LoadConfigData();
-bool LoadHistoryData();
+ZEFRA_API bool LoadConfigData();
+ZEFRA_API bool LoadHistoryData();
 // Writes g_dictHistoryData to its file.
-void SaveHistoryData();
+ZEFRA_API void SaveHistoryData();

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // One node of a configuration tree. A plain item carries a key, a local name
 // and string attributes (the rows of the flange tables are such items); the
 // kinds that hold a value or children derive from it. Items are made with
@@ -23,7 +24,7 @@
 
 class CArchive;
 
-class QoDtDictItem {
+class ZEFRA_API QoDtDictItem {
 public:
     enum DictDataType {
         eDtBool = 1,

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The child list of a dictionary. It is the cursor list of the containers,
 // and it owns the items that it holds: an item that leaves it through
 // DelCur, Del, Reset or SetLength is freed, and so is every item when the
@@ -34,7 +35,7 @@ struct QoListNode<QoDtDictItem*> {
     static void operator delete(void* block, size_t size) noexcept { QoDtBlockPool::Free(block, size); }
 };
 
-class QoDtDictItemList : public QoList<QoDtDictItem*> {
+class ZEFRA_API QoDtDictItemList : public QoList<QoDtDictItem*> {
     using Base = QoList<QoDtDictItem*>;
 
 public:

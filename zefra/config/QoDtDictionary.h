@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // A branch of a configuration tree: an item with children.
 //
 // Paths are texts whose components are separated by one backslash, each
@@ -25,7 +26,7 @@
 #include <string>
 #include <string_view>
 
-class QoDtDictionary : public QoDtDictItem {
+class ZEFRA_API QoDtDictionary : public QoDtDictItem {
 public:
     // Dictionaries nest at most this deep, the outermost counted as one;
     // files with deeper trees are refused.

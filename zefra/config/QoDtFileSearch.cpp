@@ -6,6 +6,7 @@
 
 #include <climits>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <unistd.h>
 
 #ifndef ZEFRA_INSTALLED_DATA_DIR
@@ -13,6 +14,12 @@
 #endif
 #ifndef ZEFRA_SOURCE_DATA_DIR
 #define ZEFRA_SOURCE_DATA_DIR ""
+#endif
+#ifndef ZEFRA_BIN_TO_DATA
+#define ZEFRA_BIN_TO_DATA "../share/zefra"
+#endif
+#ifndef ZEFRA_LIB_TO_DATA
+#define ZEFRA_LIB_TO_DATA "../share/zefra"
 #endif
 
 namespace {
@@ -41,6 +48,31 @@ std::string DirectoryOf(const std::string& path) {
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
+// The installed data directories, first those found relative to where this
+// library and the running program lie (so that a moved installation finds
+// its own data), then the one of the configured prefix. Only directories
+// that exist, each once.
+std::vector<std::string> InstalledDataDirectories() {
+    std::vector<std::string> found;
+    auto add = [&found](const std::string& directory) {
+        const std::string canonical = CanonicalPath(directory);
+        if (canonical.empty()) return;
+        for (const std::string& known : found)
+            if (known == canonical) return;
+        found.push_back(canonical);
+    };
+    const std::string program = CanonicalPath("/proc/self/exe");
+    Dl_info info{};
+    if (::dladdr(reinterpret_cast<void*>(&InstalledDataDirectories), &info) != 0 && info.dli_fname != nullptr) {
+        // Linked statically, this code lies in the program itself.
+        const std::string library = CanonicalPath(info.dli_fname);
+        if (!library.empty() && library != program) add(DirectoryOf(library) + "/" + ZEFRA_LIB_TO_DATA);
+    }
+    if (!program.empty()) add(DirectoryOf(program) + "/" + ZEFRA_BIN_TO_DATA);
+    add(ZEFRA_INSTALLED_DATA_DIR);
+    return found;
+}
+
 }  // namespace
 
 std::vector<std::string> QoDtFileSearch::SearchDirectories() {
@@ -53,7 +85,7 @@ std::vector<std::string> QoDtFileSearch::SearchDirectories() {
         const std::string user = UserDirectory();
         if (!user.empty()) directories.push_back(user);
     }
-    directories.emplace_back(ZEFRA_INSTALLED_DATA_DIR);
+    for (const std::string& installed : InstalledDataDirectories()) directories.push_back(installed);
     directories.emplace_back(ZEFRA_SOURCE_DATA_DIR);
     return directories;
 }
@@ -66,8 +98,10 @@ std::string QoDtFileSearch::WritableDirectory() {
 bool QoDtFileSearch::IsShippedData(const std::string& path) {
     const std::string directory = CanonicalPath(DirectoryOf(path));
     if (directory.empty()) return false;
-    for (const char* shipped : {ZEFRA_INSTALLED_DATA_DIR, ZEFRA_SOURCE_DATA_DIR}) {
-        const std::string canonical = CanonicalPath(shipped);
+    std::vector<std::string> shipped = InstalledDataDirectories();
+    shipped.emplace_back(ZEFRA_SOURCE_DATA_DIR);
+    for (const std::string& data : shipped) {
+        const std::string canonical = CanonicalPath(data);
         if (!canonical.empty() && canonical == directory) return true;
     }
     return false;

@@ -6,7 +6,9 @@
 //   2. the current directory;
 //   3. the user's directory: $XDG_CONFIG_HOME/zefra, else $HOME/.config/zefra
 //      (skipped when ZEFRA_CONFIG_DIR is set, which then takes its place);
-//   4. the installed data directory (<prefix>/share/zefra);
+//   4. the installed data directory: share/zefra found relative to where the
+//      library or the program lies, so a moved installation finds its own,
+//      then <prefix>/share/zefra of the configured prefix;
 //   5. the data directory of the source tree, so that a build works before
 //      it is installed.
 // The last two are shipped data and are never written: a file found there

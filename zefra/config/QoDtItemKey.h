@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The key of a dictionary item. It is a CString in every way a reader needs;
 // a change made through it also tells the child list that holds the item, so
 // that the list's index of children by key stays right.
@@ -7,7 +8,7 @@
 
 class QoDtDictItemList;
 
-class QoDtItemKey : public CString {
+class ZEFRA_API QoDtItemKey : public CString {
 public:
     QoDtItemKey() = default;
     // A copy is the text alone; it belongs to no list.

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Where items write their XML: one element after the other, as a stream of
 // calls. Open starts an element inside the current one, its attributes
 // follow, then either a text or child elements, then Close.
@@ -18,7 +19,7 @@
 #include <string_view>
 #include <vector>
 
-class QoDtXmlOutput {
+class ZEFRA_API QoDtXmlOutput {
 public:
     virtual ~QoDtXmlOutput() = default;
 
@@ -46,7 +47,7 @@ private:
 // indented by two spaces a level, a text on the line of its element, an
 // empty element as <tag ... />, and a line end after the last element. The
 // string holds the document once Finish is called.
-class QoDtXmlTextOutput : public QoDtXmlOutput {
+class ZEFRA_API QoDtXmlTextOutput : public QoDtXmlOutput {
 public:
     explicit QoDtXmlTextOutput(std::string& out);
 
@@ -84,7 +85,7 @@ private:
 
 // Writes into pugixml elements. The first Open names the element that the
 // output was made on; later ones add children below the current element.
-class QoDtXmlDomOutput : public QoDtXmlOutput {
+class ZEFRA_API QoDtXmlDomOutput : public QoDtXmlOutput {
 public:
     explicit QoDtXmlDomOutput(pugi::xml_node element) : m_element(element) {}
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The store's XML node: one element of a configuration file, as the items
 // read themselves from it (and, through QoDtXmlDomOutput, write themselves
 // into it). A thin handle on a pugixml element, plus what a reader keeps
@@ -20,7 +21,7 @@ class QoUtXMLDOMNode;
 template <typename T>
 using _auto_ptr = std::unique_ptr<T>;
 
-class QoUtXMLDOMNode {
+class ZEFRA_API QoUtXMLDOMNode {
 public:
     explicit QoUtXMLDOMNode(pugi::xml_node element = pugi::xml_node()) : m_element(element) {}
 

@@ -1,10 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Exact two-dimensional array: an array of rows, row r being element r.
 
 #include "zefra/containers/QoArray.h"
 
 template <typename T>
-class Qo2dArray : public QoArray<QoArray<T>> {
+class ZEFRA_API Qo2dArray : public QoArray<QoArray<T>> {
     using Rows = QoArray<QoArray<T>>;
 
 public:

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Plain array of exact size, without cursor: the buffer always holds exactly
 // GetLength() elements, and every insertion or deletion reallocates to the
 // new length. Access by index is unchecked.
@@ -11,7 +12,7 @@
 #include <utility>
 
 template <typename T>
-class QoArray {
+class ZEFRA_API QoArray {
 public:
     explicit QoArray(int n = 0) { ReAllocate(n, false); }
     QoArray(const QoArray& o) { CopyFrom(o); }

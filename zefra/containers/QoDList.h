@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Doubly linked cursor list: the ring of QoList with a backward link in every
 // node, which makes stepping back, GetPre and GetAt cheap. Moving the cursor
 // to an index walks from whichever of the cursor, the first or the last
@@ -10,7 +11,7 @@
 #include <functional>
 
 template <typename T>
-struct QoDListNode : QoListNode<T> {
+struct ZEFRA_API QoDListNode : QoListNode<T> {
     QoDListNode* prev;
 
     QoDListNode() : QoListNode<T>(), prev(nullptr) {}
@@ -18,7 +19,7 @@ struct QoDListNode : QoListNode<T> {
 };
 
 template <typename T>
-class QoDList : public QoList<T> {
+class ZEFRA_API QoDList : public QoList<T> {
     using Base = QoDynArrayBase<T>;
     using List = QoList<T>;
 

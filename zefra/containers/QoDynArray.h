@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Cursor array in one growable buffer. The cursor is a plain index and may
 // stand anywhere, also before the first element (-1) or on GetLength().
 // Growth is arithmetic: each reallocation leaves GetAllocUnit() spare slots.
@@ -12,7 +13,7 @@
 #include <utility>
 
 template <typename T>
-class QoDynArray : public QoDynArrayBase<T> {
+class ZEFRA_API QoDynArray : public QoDynArrayBase<T> {
     using Base = QoDynArrayBase<T>;
 
 public:

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Root of the cursor containers. A container carries a current position, the
 // cursor, and is walked by moving it:
 //
@@ -23,7 +24,7 @@ template <typename T>
 class QoArray;
 
 template <typename T>
-class QoDynArrayBase {
+class ZEFRA_API QoDynArrayBase {
 public:
     QoDynArrayBase() = default;
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Cursor array of pointers that owns its pointees (see QoOwning). Shrinking
 // deletes the pointees of the slots that go; growing adds empty slots.
 // Taking an object off leaves its slot empty: the array keeps its length.
@@ -10,7 +11,7 @@
 #include <algorithm>
 
 template <typename T>
-class QoDynPArray : public QoOwning<T, QoDynArray<T*>> {
+class ZEFRA_API QoDynPArray : public QoOwning<T, QoDynArray<T*>> {
     using Owning = QoOwning<T, QoDynArray<T*>>;
     using Array = QoDynArray<T*>;
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Singly linked cursor list: a ring of nodes through a sentinel that lives as
 // long as the list. The element is the first member of its node, so the
 // address of an element is also the address of its node; GetFirst, GetNext
@@ -16,7 +17,7 @@ template <typename T>
 class QoDList;
 
 template <typename T>
-struct QoListNode {
+struct ZEFRA_API QoListNode {
     T data;
     QoListNode* next;
 
@@ -25,7 +26,7 @@ struct QoListNode {
 };
 
 template <typename T>
-class QoList : public QoDynArrayBase<T> {
+class ZEFRA_API QoList : public QoDynArrayBase<T> {
     using Base = QoDynArrayBase<T>;
 
 public:

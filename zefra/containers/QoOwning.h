@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // What the owning containers share: a container of T* that owns the objects
 // its elements point to. A null element is an empty slot; it counts in the
 // length. Storage is the cursor container of pointers underneath
@@ -16,7 +17,7 @@
 #include "zefra/containers/QoDynArrayBase.h"
 
 template <typename T, typename Storage>
-class QoOwning : public Storage {
+class ZEFRA_API QoOwning : public Storage {
     using Base = QoDynArrayBase<T*>;
 
 public:

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Doubly linked list of pointers that owns its pointees (see QoOwning), on a
 // plain (QoDList<T*>) or group-indexed (QoXList<T*>) list. Taking an object
 // off removes its node: the list gets shorter.
@@ -6,7 +7,7 @@
 #include "zefra/containers/QoOwning.h"
 
 template <typename T, typename ListStorage>
-class QoOwningList : public QoOwning<T, ListStorage> {
+class ZEFRA_API QoOwningList : public QoOwning<T, ListStorage> {
     using Owning = QoOwning<T, ListStorage>;
 
 public:

@@ -1,11 +1,12 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Doubly linked list that owns the objects its elements point to.
 
 #include "zefra/containers/QoDList.h"
 #include "zefra/containers/QoOwningList.h"
 
 template <typename T>
-class QoPDList : public QoOwningList<T, QoDList<T*>> {
+class ZEFRA_API QoPDList : public QoOwningList<T, QoDList<T*>> {
     using OwningList = QoOwningList<T, QoDList<T*>>;
 
 public:

@@ -1,11 +1,12 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Group-indexed list that owns the objects its elements point to.
 
 #include "zefra/containers/QoOwningList.h"
 #include "zefra/containers/QoXList.h"
 
 template <typename T>
-class QoPXList : public QoOwningList<T, QoXList<T*>> {
+class ZEFRA_API QoPXList : public QoOwningList<T, QoXList<T*>> {
     using OwningList = QoOwningList<T, QoXList<T*>>;
 
 public:

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // First-in first-out queue. The search operations of the containers report
 // their hits through it: Add puts an item at the tail and says how many items
 // went in, GetCount tells how many are waiting.
@@ -7,7 +8,7 @@
 #include <deque>
 
 template <typename T>
-class QoQuene {
+class ZEFRA_API QoQuene {
 public:
     // Always takes the item; the result is the number of items added (1).
     int Add(const T& item) {

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Doubly linked list with a table of every g-th node (the group table), so
 // that moving the cursor to an index takes at most g / 2 steps on a list of
 // any length. Entry k of the table is the node at index k * g, and the table
@@ -9,7 +10,7 @@
 #include "zefra/containers/QoDynArray.h"
 
 template <typename T>
-class QoXList : public QoDList<T> {
+class ZEFRA_API QoXList : public QoDList<T> {
     using Base = QoDynArrayBase<T>;
     using List = QoList<T>;
     using DList = QoDList<T>;

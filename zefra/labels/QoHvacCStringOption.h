@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // A list of texts with one of them selected: the choices that a settings
 // dialog offers for one setting. The choices come from the configuration
 // store; what goes back to the store is only the selected index.
@@ -11,7 +12,7 @@
 
 class QoDtDictOptionItem;
 
-class QoHvacCStringOption : public QoList<CString> {
+class ZEFRA_API QoHvacCStringOption : public QoList<CString> {
 public:
     QoHvacCStringOption() = default;
     QoHvacCStringOption(const QoHvacCStringOption& other) = default;

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // A list of label contents with a switch that says whether they are shown.
 // In the configuration store it owns a whole dictionary: a Boolean "CHECK"
 // first, then one string item for each content.
@@ -8,7 +9,7 @@
 
 class QoDtDictionary;
 
-class QoHvacDuctLabelContent {
+class ZEFRA_API QoHvacDuctLabelContent {
 public:
     // Not shown, no contents.
     QoHvacDuctLabelContent() = default;

@@ -1,10 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // One line of a label as the label entity takes it: name, prefix, value and
 // suffix stay separate, to be shown in that order.
 
 #include "zefra/platform/entities/QoStringW.h"
 
-class QoHvacDuctLabelData {
+class ZEFRA_API QoHvacDuctLabelData {
 public:
     QoHvacDuctLabelData() = default;
     QoHvacDuctLabelData(const QoStringW& name, const QoStringW& prefix, const QoStringW& value,

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // One line of a duct label: what it shows, the texts around the value, the
 // decimals of a number and whether the line is part of the label. In the
 // configuration store a line is the attributes of one item.
@@ -7,7 +8,7 @@
 
 class QoDtDictItem;
 
-class QoHvacDuctLabelItem {
+class ZEFRA_API QoHvacDuctLabelItem {
 public:
     // Four empty texts, no decimals, not selected.
     QoHvacDuctLabelItem() = default;

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Settings of duct labels, and the label lines worked out from them.
 //
 // The settings: what links the two numbers of a size, the prefixes of
@@ -25,7 +26,7 @@
 
 class QoDtDictionary;
 
-class QoHvacDuctLabelManager {
+class ZEFRA_API QoHvacDuctLabelManager {
 public:
     // Indexes into the choices of "AUTOPOS"; the store defines the texts.
     enum EAutoLabelPos : int { EAutoLabelAbove = 0, EAutoLabelOn = 1, EAutoLabelBelow = 2 };

@@ -1,8 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The six families of HVAC systems. The numbers are fixed: the drawing
 // modules switch on them and store them.
 
 #include "zefra/platform/mfc/CString.h"
+
+ZEFRA_API_BEGIN
 
 namespace HVAC {
 
@@ -22,3 +25,5 @@ CString GetSysLayerKey(EQoDbHvacSystemType kind);
 bool IsWaterSystemType(EQoDbHvacSystemType kind);
 
 }  // namespace HVAC
+
+ZEFRA_API_END

@@ -1,8 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The layers of the drawn enthalpy-humidity chart, as the current layer
 // standard resolves them: one name for each of the chart's groups.
 
 #include "zefra/chart/HDGChartScene.h"
+
+ZEFRA_API_BEGIN
 
 namespace HVAC {
 
@@ -11,3 +14,5 @@ namespace HVAC {
 SHDGChartLayerNames GetHDGChartLayerNames();
 
 }  // namespace HVAC
+
+ZEFRA_API_END

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Gives an entity its system, its layer and its line properties, by the
 // entity's class and sub-kind. Ducts and pipes also get separate property
 // values for the parts they draw themselves (outline, flange, end lines,
@@ -6,6 +7,8 @@
 
 #include "zefra/layers/EQoDbHvacSystemType.h"
 #include "zefra/platform/mfc/CString.h"
+
+ZEFRA_API_BEGIN
 
 class QoDbHvacCoilPipe;
 class QoDbHvacDuct;
@@ -41,3 +44,5 @@ void SetHvacEntLayer(QoDbHvacCoilPipe* coil);
 void SetHvacEntLayer(QoDbHvacTelescopeCase* telescopeCase);
 
 }  // namespace HVAC
+
+ZEFRA_API_END

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // From what is drawn to its layer. A layer key is composed from the kind's
 // prefix, the drawing class (plan or system diagram), the system's key and a
 // model key; the current layer standard gives the key's layer. Systems are
@@ -10,6 +11,8 @@
 #include "zefra/layers/EQoDbHvacSystemType.h"
 #include "zefra/platform/entities/QoHvacEntProperty.h"
 #include "zefra/platform/mfc/CString.h"
+
+ZEFRA_API_BEGIN
 
 namespace HVAC {
 
@@ -70,3 +73,5 @@ QoHvacEntProperty GetPropVRVRiserEquipLayer(const CString& system, bool plan);
 QoHvacEntProperty GetPropVRVFQGLayer(bool plan);
 
 }  // namespace HVAC
+
+ZEFRA_API_END

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The layer configuration: the dictionary "LAYER" of g_dictCfg, which holds
 // one dictionary per layer standard and names the current one in its string
 // item "CURRENT_STD". Without that item, or when it names no standard, the
@@ -8,7 +9,7 @@
 
 class QoDtDictionary;
 
-class QoDtLayerCfg {
+class ZEFRA_API QoDtLayerCfg {
 public:
     static const wchar_t* const kLayerRoot;       // "LAYER"
     static const wchar_t* const kCurrentStdItem;  // "CURRENT_STD"

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // One layer definition as the current layer standard gives it for a key:
 // the layer's name, colour index, line type, line weight and line-type scale,
 // its comment (for pipes, the code that starts their labels) and the text a
@@ -9,7 +10,7 @@
 
 #include <cstdint>
 
-class QoDtLayerDef {
+class ZEFRA_API QoDtLayerDef {
 public:
     explicit QoDtLayerDef(const CString& key = CString());
     QoDtLayerDef(const QoDtLayerDef&) = default;

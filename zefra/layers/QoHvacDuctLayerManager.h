@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The register of the named systems of the current layer standard: duct
 // systems and the five water and heating families. A system is an item of
 // the standard's field tree (key, display name, line type, colour, comment)
@@ -23,7 +24,7 @@
 template <typename T>
 class QoModuleSingleton;
 
-class QoHvacDuctLayerManager : public QoHvacLayerManager {
+class ZEFRA_API QoHvacDuctLayerManager : public QoHvacLayerManager {
 public:
     // One assembly entry: its layer key and its layer name as it was when
     // the table was last built.
@@ -168,6 +169,6 @@ private:
 
 namespace HVAC {
 // The display names of a kind's systems, appended (see the register).
-bool GetAllSystemName(CStringArray& names, EQoDbHvacSystemType kind);
-bool GetAllSystemName(QoArray<CString>& names, EQoDbHvacSystemType kind);
+ZEFRA_API bool GetAllSystemName(CStringArray& names, EQoDbHvacSystemType kind);
+ZEFRA_API bool GetAllSystemName(QoArray<CString>& names, EQoDbHvacSystemType kind);
 }  // namespace HVAC

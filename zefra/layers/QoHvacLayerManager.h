@@ -1,11 +1,12 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The layer configuration seen from the HVAC discipline: besides "LAYER" it
 // keeps the "暖通" dictionaries of the current standard's field tree (the
 // systems) and assembly tree (the layer groups of the systems).
 
 #include "zefra/layers/QoDtLayerCfg.h"
 
-class QoHvacLayerManager : public QoDtLayerCfg {
+class ZEFRA_API QoHvacLayerManager : public QoDtLayerCfg {
 public:
     QoHvacLayerManager();
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Construction on first use for the module's singletons.
 //
 //   class QoHvacDuctFlangeManager {
@@ -24,7 +25,7 @@
 #include <typeinfo>
 
 template <typename T>
-class QoModuleSingleton {
+class ZEFRA_API QoModuleSingleton {
 public:
     static T* Get() {
         if (s_built) return Address();

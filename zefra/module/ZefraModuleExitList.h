@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The module's exit list: what runs when the module leaves the process.
 // Singletons put their destructor on it after their first construction; the
 // list runs them newest first, so they go in the reverse order of their
@@ -9,14 +10,14 @@
 // where the host would detach the module; later entries run at the next
 // RunAll or at process exit.
 
-struct ZefraModuleExitEntry {
+struct ZEFRA_API ZefraModuleExitEntry {
     void (*run)() = nullptr;
     // Names the owner of the entry for an observer, e.g. a class name.
     const char* name = nullptr;
     ZefraModuleExitEntry* next = nullptr;
 };
 
-class ZefraModuleExitList {
+class ZEFRA_API ZefraModuleExitList {
 public:
     using Observer = void (*)(const char* name);
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Density units: converts stored values (the standard unit) into the
 // unit that texts show (the current unit). Base of the chart settings.
 
@@ -13,7 +14,7 @@ enum EDen_Unit : int {
     DEN_UNIT_LB_FT3 = 2,  // lb/ft^3
 };
 
-class CDenUnitConvert {
+class ZEFRA_API CDenUnitConvert {
 public:
     CDenUnitConvert() = default;
     virtual ~CDenUnitConvert() = default;

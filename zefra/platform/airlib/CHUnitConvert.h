@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Enthalpy units: converts stored values (the standard unit) into the
 // unit that texts show (the current unit). Base of the chart settings.
 
@@ -12,7 +13,7 @@ enum EH_Unit : int {
     H_UNIT_KCAL_KG = 1,  // kcal/kg
 };
 
-class CHUnitConvert {
+class ZEFRA_API CHUnitConvert {
 public:
     CHUnitConvert() = default;
     virtual ~CHUnitConvert() = default;

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Moisture load units: converts stored values (the standard unit) into the
 // unit that texts show (the current unit). Base of the chart settings.
 
@@ -14,7 +15,7 @@ enum EMw_Unit : int {
     MW_UNIT_KG_H = 3,  // kg/h
 };
 
-class CMwUnitConvert {
+class ZEFRA_API CMwUnitConvert {
 public:
     CMwUnitConvert() = default;
     virtual ~CMwUnitConvert() = default;

@@ -1,11 +1,12 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Base of the air library's calculation objects: a name and a last error text
 // beside CObject's run-time class.
 
 #include "zefra/platform/mfc/CObject.h"
 #include "zefra/platform/mfc/CString.h"
 
-class CNTObject : public CObject {
+class ZEFRA_API CNTObject : public CObject {
     DECLARE_DYNAMIC(CNTObject)
 public:
     CNTObject() = default;

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Heat load units: converts stored values (the standard unit) into the
 // unit that texts show (the current unit). Base of the chart settings.
 
@@ -15,7 +16,7 @@ enum EQ_Unit : int {
     Q_UNIT_RT = 4,  // RT
 };
 
-class CQUnitConvert {
+class ZEFRA_API CQUnitConvert {
 public:
     CQUnitConvert() = default;
     virtual ~CQUnitConvert() = default;

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Air-flow units: converts stored flows (the standard unit, kg/s as the
 // engine hands them) into the unit that texts show (the current unit).
 // Volume and mass units meet at the density of standard air, 1.2 kg/m³;
@@ -18,7 +19,7 @@ enum EV_Unit : int {
     V_UNIT_L_S = 5,   // l/s
 };
 
-class CVUnitConvert {
+class ZEFRA_API CVUnitConvert {
 public:
     // The density, in kg/m³, at which volume and mass units convert.
     static constexpr double kStandardAirDensity = 1.2;

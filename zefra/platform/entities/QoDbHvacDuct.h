@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // An air duct run. Its outline, flange, end lines and axis each take a
 // property value of their own, which the duct applies when it draws them.
 
@@ -9,7 +10,7 @@
 
 #include <optional>
 
-class QoDbHvacDuct : public AcDbEntity {
+class ZEFRA_API QoDbHvacDuct : public AcDbEntity {
 public:
     // The enumeration belongs to the drawing side and may grow; only the
     // values that callers here tell apart are named.

@@ -1,7 +1,8 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The flange of a duct, as far as the settings name its kinds.
 
-class QoDbHvacDuctFlange {
+class ZEFRA_API QoDbHvacDuctFlange {
 public:
     enum EFlangeType : int {
         EFlangeNone = 0,         // drawn as a line, no flange body

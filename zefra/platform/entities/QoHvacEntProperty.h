@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The layer and line properties that one part of an HVAC entity takes: the
 // layer, the line-type scale and the line weight of the layer's definition.
 
@@ -7,7 +8,7 @@
 class AcDbDatabase;
 class AcDbEntity;
 
-class QoHvacEntProperty {
+class ZEFRA_API QoHvacEntProperty {
 public:
     // No layer, scale 1 and the host's default weight (0).
     QoHvacEntProperty() = default;

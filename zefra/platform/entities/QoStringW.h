@@ -1,9 +1,10 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The wide string of the entity interfaces.
 
 #include <string>
 
-class QoStringW {
+class ZEFRA_API QoStringW {
 public:
     QoStringW() = default;
     QoStringW(const wchar_t* text);

@@ -1,8 +1,9 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // One step of a pipe flange table: from the nominal size `start` on, the
 // flange is `thickness` thick and stands out by `extrude`.
 
-struct SFlangeExtrudeData {
+struct ZEFRA_API SFlangeExtrudeData {
     double extrude = 0.0;
     double thickness = 1.0;
     double start = -1.0;

@@ -1,10 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The default record of a duct cross: main run A to B, branches C and D.
 
 #include "zefra/platform/entities/HvacFitDefaults.h"
 #include "zefra/platform/mfc/CString.h"
 
-struct SHvacDuctCrossData {
+struct ZEFRA_API SHvacDuctCrossData {
     CString name;
     int type = 0;  // a key of the cross catalogue
     double widthA = HvacFitDefaults::kEqualSize;

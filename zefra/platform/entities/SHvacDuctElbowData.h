@@ -1,10 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The default record of a duct elbow.
 
 #include "zefra/platform/entities/HvacFitDefaults.h"
 #include "zefra/platform/mfc/CString.h"
 
-struct SHvacDuctElbowData {
+struct ZEFRA_API SHvacDuctElbowData {
     CString name;
     int type = 0;  // a key of the elbow catalogue
     double widthA = HvacFitDefaults::kEqualSize;

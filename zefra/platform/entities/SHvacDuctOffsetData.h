@@ -1,10 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The default record of a duct offset (S-bend).
 
 #include "zefra/platform/entities/HvacFitDefaults.h"
 #include "zefra/platform/mfc/CString.h"
 
-struct SHvacDuctOffsetData {
+struct ZEFRA_API SHvacDuctOffsetData {
     CString name;
     int type = 0;  // a key of the offset catalogue
     double widthA = HvacFitDefaults::kEqualSize;

@@ -1,10 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The default record of a duct tee: main run A to B, branch C.
 
 #include "zefra/platform/entities/HvacFitDefaults.h"
 #include "zefra/platform/mfc/CString.h"
 
-struct SHvacDuctTeeData {
+struct ZEFRA_API SHvacDuctTeeData {
     CString name;
     int type = 0;  // a key of the tee catalogue
     double widthA = HvacFitDefaults::kEqualSize;

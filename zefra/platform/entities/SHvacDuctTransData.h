@@ -1,10 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // The default record of a duct transition (reducer).
 
 #include "zefra/platform/entities/HvacFitDefaults.h"
 #include "zefra/platform/mfc/CString.h"
 
-struct SHvacDuctTransData {
+struct ZEFRA_API SHvacDuctTransData {
     CString name;
     int type = 0;  // a key of the transition catalogue
     double widthA = HvacFitDefaults::kEqualSize;

@@ -1,8 +1,9 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // A point in drawing space. Drawings of this suite are in millimetres, so z
 // is a height in mm.
 
-class AcGePoint3d {
+class ZEFRA_API AcGePoint3d {
 public:
     AcGePoint3d() = default;
     AcGePoint3d(double px, double py, double pz) : x(px), y(py), z(pz) {}

@@ -1,10 +1,11 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Base of everything drawn: the layer it lies on and its own line-type scale
 // and line weight.
 
 #include "zefra/platform/host/AcDbObjectId.h"
 
-class AcDbEntity {
+class ZEFRA_API AcDbEntity {
 public:
     AcDbEntity() = default;
     AcDbEntity(const AcDbEntity&) = default;

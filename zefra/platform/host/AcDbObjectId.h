@@ -1,11 +1,12 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Identity of an object in a drawing database. Ids are unique in the process,
 // so an id names one object whatever database holds it; the null id names
 // nothing.
 
 #include <cstdint>
 
-class AcDbObjectId {
+class ZEFRA_API AcDbObjectId {
 public:
     AcDbObjectId() = default;
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // A binary archive over a standard stream: little-endian fixed-width numbers,
 // MFC's short/long count encoding, and strings as a count of UTF-8 bytes
 // followed by the bytes. Reading past the end throws CArchiveException.
@@ -9,7 +10,7 @@
 #include <cstdint>
 #include <iosfwd>
 
-class CArchive {
+class ZEFRA_API CArchive {
 public:
     enum Mode { store = 0, load = 1 };
 

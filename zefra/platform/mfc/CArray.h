@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // MFC's CArray: a growable array with bounds-checked access. A bad index or a
 // negative size throws CInvalidArgException, as MFC's does.
 
@@ -35,7 +36,7 @@ inline void SerializeElements(CArchive& ar, CString* elements, int count) {
 }
 
 template <typename TYPE, typename ARG_TYPE = const TYPE&>
-class CArray : public CObject {
+class ZEFRA_API CArray : public CObject {
 public:
     CArray() = default;
     CArray(const CArray& other) : CObject(other) { Copy(other); }

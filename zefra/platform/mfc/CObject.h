@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Run-time class records and the CObject root, as MFC provides them. Each
 // record is a constant aggregate, so no constructor runs at load.
 
@@ -10,7 +11,7 @@ class CArchive;
 // Stand-in for MFC's debug dump stream; the system's Dump slots do nothing.
 class CDumpContext {};
 
-struct CRuntimeClass {
+struct ZEFRA_API CRuntimeClass {
     const char* m_lpszClassName;
     int m_nObjectSize;
     unsigned int m_wSchema;
@@ -46,7 +47,7 @@ public:                                                    \
     CRuntimeClass* class_name::GetThisClass() { return &class_name::class##class_name; }     \
     CRuntimeClass* class_name::GetRuntimeClass() const { return &class_name::class##class_name; }
 
-class CObject {
+class ZEFRA_API CObject {
 public:
     virtual CRuntimeClass* GetRuntimeClass() const;
     virtual ~CObject() = default;

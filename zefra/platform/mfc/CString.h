@@ -1,4 +1,5 @@
 #pragma once
+#include "zefra/ZefraExport.h"
 // Wide-character string with the MFC operations the suite's code is written
 // against. Text is held as wchar_t (UTF-32 on this platform); every exchange
 // with the outside world (files, terminal, JSON) goes through UTF-8.
@@ -6,7 +7,7 @@
 #include <cstdarg>
 #include <string>
 
-class CString {
+class ZEFRA_API CString {
 public:
     CString() = default;
     CString(const wchar_t* text);
@@ -102,9 +103,9 @@ private:
 
 namespace zefra {
 // UTF-8 <-> wide conversion. Malformed input becomes U+FFFD.
-std::wstring Utf8ToWide(const std::string& utf8);
-std::string WideToUtf8(const std::wstring& wide);
+ZEFRA_API std::wstring Utf8ToWide(const std::string& utf8);
+ZEFRA_API std::string WideToUtf8(const std::wstring& wide);
 
 // MFC-style formatting into a wide string (see CString::Format).
-std::wstring FormatMfc(const wchar_t* format, va_list args);
+ZEFRA_API std::wstring FormatMfc(const wchar_t* format, va_list args);
 }  // namespace zefra
