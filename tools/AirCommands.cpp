@@ -127,9 +127,9 @@ void RegisterMix(CLI::App& app) {
     auto points = std::make_shared<TwoPointArguments>();
     auto flows = std::make_shared<MixFlows>();
     points->Register(*command);
-    command->add_option("--ga", flows->ga, "flow of stream A (any unit, the same for both; default 3000)")
+    command->add_option("--ga", flows->ga, "flow of stream A (any unit, the same for both; with --gb; default 3000)")
         ->type_name("NUMBER");
-    command->add_option("--gb", flows->gb, "flow of stream B (default 1000)")->type_name("NUMBER");
+    command->add_option("--gb", flows->gb, "flow of stream B (with --ga; default 1000)")->type_name("NUMBER");
     command->add_option("--ratio", flows->ratio, "parts of A to one part of B, instead of --ga and --gb")
         ->type_name("NUMBER");
     common->Register(*command);
@@ -141,6 +141,8 @@ void RegisterMix(CLI::App& app) {
         const auto gb = Number("--gb", flows->gb);
         const auto ratio = Number("--ratio", flows->ratio);
         if (ratio && (ga || gb)) throw UsageError("--ratio can't be combined with --ga or --gb");
+        if (ga.has_value() != gb.has_value())
+            throw UsageError("give both --ga and --gb, or neither (then 3000 and 1000)");
         if (ratio) {
             if (!(*ratio >= 0.0)) throw UsageError("--ratio: the mixing ratio can't be negative");
             mix.SetIsHfb(true);
@@ -219,9 +221,21 @@ void RegisterLine(CLI::App& app) {
     });
 }
 
+// The ratio from the two points as the process from A to B has it, with the
+// sign of Q/Mw: the library divides by A.D - B.D, which turns a finite value's
+// sign. Its infinities already follow the enthalpy from A to B.
+std::string AlongAToB(const std::string& text) {
+    if (text.find_first_of("123456789") == std::string::npos || text.find("∞") != std::string::npos) return text;
+    return text[0] == '-' ? text.substr(1) : "-" + text;
+}
+
 void RegisterRatio(CLI::App& app) {
     auto* command = app.add_subcommand(
-        "ratio", "heat-humidity ratio in kJ/kg: from --q and --mw, or from the two points A and B");
+        "ratio", "heat-humidity ratio in kJ/kg: from --q and --mw, or from the two points A and B (process A to B)");
+    command->footer(
+        "Sign: the ratio is the heat over the moisture that the air takes up, Q/Mw, which for the process from A "
+        "to B is 1000*(hB-hA)/(dB-dA) (h in kJ/kg, d in g/kg). Both modes print it so: positive when the air gains "
+        "both heat and moisture or loses both, negative when it gains one and loses the other.");
     auto common = std::make_shared<CommonArguments>();
     auto points = std::make_shared<TwoPointArguments>();
     auto values = std::make_shared<OptionalPair>();
@@ -246,7 +260,7 @@ void RegisterRatio(CLI::App& app) {
             ratio.SetCalType(1);
         }
         ratio.Calculate();
-        const std::string value = ratio.GetValue().ToUtf8();
+        const std::string value = q ? ratio.GetValue().ToUtf8() : AlongAToB(ratio.GetValue().ToUtf8());
         if (common->json) {
             Json json = Document("ratio");
             json["from"] = q ? "loads" : "points";

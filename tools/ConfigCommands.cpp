@@ -2,6 +2,10 @@
 
 #include "Cli.h"
 #include "PointIO.h"
+#include "ReportOptions.h"
+
+#include "zefra/chart/HDGChartItemTables.h"
+#include "zefra/chart/QoHvacHDGSysSetManager.h"
 
 #include "zefra/config/QoDtConfigEdit.h"
 #include "zefra/config/QoDtConfigStore.h"
@@ -222,6 +226,10 @@ void StoreValue(QoDtDictionary& tree, const CString& path, const std::string& ty
         for (int i = 0; i < option->options.GetLength() && selection < 0; ++i)
             if (Utf8(option->options.GetAt(i)) == text) selection = i;
         if (selection < 0 && !QoDtTextCodec::ParseInt(text, selection)) NotA("one of the options or an index", text);
+        if (selection < 0 || selection >= option->options.GetLength())
+            throw UsageError("option index " + text + " is out of range: '" + Utf8(path) + "' has " +
+                             std::to_string(option->options.GetLength()) + " options, 0.." +
+                             std::to_string(option->options.GetLength() - 1));
         option->selection = selection;
         stored = true;
     } else {
@@ -230,18 +238,47 @@ void StoreValue(QoDtDictionary& tree, const CString& path, const std::string& ty
     if (!stored) throw UsageError("could not store a value at '" + Utf8(path) + "'");
 }
 
+// Whether the reader of a value of kind `stored` takes a value of kind
+// `given`: a double reader also reads an int, an int reader and a Boolean
+// reader each read the other.
+bool ReaderTakes(const std::string& stored, const std::string& given) {
+    return stored == given || (stored == "double" && given == "int") || (stored == "int" && given == "bool") ||
+           (stored == "bool" && given == "int");
+}
+
+// The unit names of the chart settings ("ZEFRA\HDG\UnitsItemSet\<row>"): a
+// row that has a converter takes only the names the converter knows.
+void CheckUnitName(const CString& path, const std::string& text) {
+    const CString prefix = L"ZEFRA\\HDG\\UnitsItemSet\\";
+    if (path.GetLength() <= prefix.GetLength() || path.Left(prefix.GetLength()) != prefix) return;
+    int row = -1;
+    if (!QoDtTextCodec::ParseInt(Utf8(path.Mid(prefix.GetLength())), row)) return;
+    const CString item = HDGChartItemTables::UnitName(row);
+    if (!QoHvacHDGSysSetManager::HasUnitsConverter(item)) return;
+    if (!QoHvacHDGSysSetManager::IsKnownUnitsName(item, QoDtTextCodec::FromUtf8(text)))
+        throw UsageError("'" + text + "' isn't a unit of " + Utf8(item) + " (row " + std::to_string(row) +
+                         "); use " + KnownUnitsList(item));
+}
+
 void Set(QoDtDictionary& tree, const std::string& file, const std::string& pathText, const std::string& valueText,
          const std::string& typeOption) {
     const CString path = QoDtTextCodec::FromUtf8(pathText);
+    if (path.IsEmpty() || path[path.GetLength() - 1] == L'\\') throw UsageError("the path names no item");
+    // Missing dictionaries on the way are added, as the settings' own saves
+    // do; a value on the way, or an empty component, stops it.
     const int separator = path.ReverseFind(L'\\');
     const CString parentPath = separator < 0 ? CString() : path.Left(separator);
-    if (separator >= 0 && tree.FindDict(parentPath) == nullptr)
-        throw UsageError("no dictionary '" + Utf8(parentPath) + "' in " + file);
-    if (path.IsEmpty() || path[path.GetLength() - 1] == L'\\') throw UsageError("the path names no item");
+    if (separator >= 0 && tree.FindOrAddDict(parentPath) == nullptr)
+        throw UsageError("no dictionary can be made at '" + Utf8(parentPath) + "' in " + file +
+                         ": a part of the path is a value or empty");
     const QoDtDictItem* existing = tree.FindItem(path);
     if (existing != nullptr && existing->IsDict()) throw UsageError("'" + pathText + "' is a dictionary");
-    std::string type = typeOption;
-    if (type.empty()) type = existing != nullptr ? QoDtDictItem::GetTypeName(existing->GetType()) : "string";
+    const std::string present = existing != nullptr ? QoDtDictItem::GetTypeName(existing->GetType()) : "";
+    std::string type = typeOption.empty() ? (existing != nullptr ? present : "string") : typeOption;
+    if (existing != nullptr && !ReaderTakes(present, type))
+        throw UsageError("'" + pathText + "' holds a value of kind <" + present + ">; its reader would ignore a <" +
+                         type + ">");
+    CheckUnitName(path, valueText);
     StoreValue(tree, path, type, valueText);
 }
 
@@ -305,7 +342,7 @@ void RegisterConfigCommands(CLI::App& app) {
     CLI::App* set = config->add_subcommand("set", "change or add a value and save the file");
     set->add_option("path", options->path, pathHelp)->required();
     set->add_option("value", options->value, "the new value")->required();
-    set->add_option("--type", options->type, "kind of a new value (default: the present kind, else string)")
+    set->add_option("--type", options->type, "kind of a new value (default: the present kind, else string); a present value keeps a kind its reader takes")
         ->check(CLI::IsMember({"bool", "int", "double", "string"}));
     set->add_option("--config", options->file, fileHelp);
     set->callback([options] {

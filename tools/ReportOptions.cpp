@@ -4,22 +4,26 @@
 
 #include "Cli.h"
 
+#include "zefra/chart/HDGChartItemTables.h"
 #include "zefra/chart/QoHvacHDGSysSetManager.h"
+#include "zefra/config/QoDtConfigStore.h"
 #include "zefra/config/QoDtDictionary.h"
 #include "zefra/config/QoDtTextCodec.h"
 #include "zefra/config/QoDtXmlFile.h"
 
 #include <algorithm>
+#include <iostream>
 #include <map>
+#include <vector>
 
 namespace zefra::cli {
 namespace {
 
-// The item of the unit table that a key of --units names.
+// The items of the unit table that have a converter, by their keys of
+// --units; temperature, moisture content and pressure have none.
 const std::map<std::string, const wchar_t*>& UnitItems() {
     static const std::map<std::string, const wchar_t*> kItems = {
-        {"T", L"温度"},  {"D", L"含湿量"},   {"H", L"焓"},      {"P", L"压力"},
-        {"G", L"风量"},  {"Q", L"冷热负荷"}, {"Mw", L"湿负荷"}, {"Den", L"密度"},
+        {"H", L"焓"}, {"G", L"风量"}, {"Q", L"冷热负荷"}, {"Mw", L"湿负荷"}, {"Den", L"密度"},
     };
     return kItems;
 }
@@ -30,25 +34,45 @@ const wchar_t* UnitItem(const std::string& key) {
     if (found != items.end()) return found->second;
     for (const auto& [shortKey, item] : items)
         if (QoDtTextCodec::ToUtf8(item) == key) return item;
-    throw UsageError("--units: unknown key \"" + key + "\" (use T, D, H, P, G, Q, Mw, Den or 温度, 含湿量, 焓, 压力, " +
-                     "风量, 冷热负荷, 湿负荷, 密度)");
-}
-
-// Whether the converter of the item knows the unit; the rows without a
-// converter take any name.
-bool IsKnownUnit(const QoHvacHDGSysSetManager& settings, const CString& item, const CString& unit) {
-    if (item == L"焓") return settings.GetHUnitCode(unit) != H_UNIT_UNKNOWN;
-    if (item == L"风量") return settings.GetVUnitCode(unit) != V_UNIT_UNKNOWN;
-    if (item == L"冷热负荷") return settings.GetQUnitCode(unit) != Q_UNIT_UNKNOWN;
-    if (item == L"湿负荷") return settings.GetMwUnitCode(unit) != MW_UNIT_UNKNOWN;
-    if (item == L"密度") return settings.GetDenUnitCode(unit) != DEN_UNIT_UNKNOWN;
-    return true;
+    for (const char* fixed : {"T", "D", "P", "温度", "含湿量", "压力"})
+        if (key == fixed)
+            throw UsageError("--units: \"" + key + "\" has no converter: temperatures, moisture contents and " +
+                             "pressures are always shown in ℃, g/kg and Pa");
+    throw UsageError("--units: unknown key \"" + key + "\" (use H, G, Q, Mw, Den or 焓, 风量, 冷热负荷, 湿负荷, 密度)");
 }
 
 }  // namespace
 
+std::string KnownUnitsList(const CString& item) {
+    CStringArray names;
+    QoHvacHDGSysSetManager::GetKnownUnitsNames(item, names);
+    std::string list;
+    for (int i = 0; i < names.GetSize(); ++i) list += (i == 0 ? "" : ", ") + names.GetAt(i).ToUtf8();
+    return list;
+}
+
+void WarnUnknownStoredUnits() {
+    const QoHvacHDGSysSetManager& settings = *QoHvacHDGSysSetManager::GetInstance();
+    const std::vector<QoHvacHDGSysSetManager::SUnknownUnitsName>& unknown = settings.GetUnknownUnitsNames();
+    if (unknown.empty()) return;
+    std::string file = QoDtConfigStore::GetSource(QoDtConfigStore::eConfig).ToUtf8();
+    if (file.empty()) file = "Config.xml";
+    for (const auto& entry : unknown) {
+        const std::string shown = settings.GetUnitsName(entry.item).ToUtf8();
+        std::cerr << "zefra: warning: " << file << ": ";
+        if (entry.name.IsEmpty())
+            std::cerr << "no unit name for " << entry.item.ToUtf8();
+        else
+            std::cerr << "unit name \"" << entry.name.ToUtf8() << "\" of " << entry.item.ToUtf8() << " is unknown";
+        std::cerr << " (ZEFRA\\HDG\\UnitsItemSet\\" << HDGChartItemTables::UnitRow(entry.item)
+                  << "); the report shows " << shown << "\n";
+    }
+}
+
 void ApplyReportUnits(const std::string& unitList) {
     QoHvacHDGSysSetManager& settings = *QoHvacHDGSysSetManager::GetInstance();
+    WarnUnknownStoredUnits();
+    if (unitList.empty()) return;
     size_t start = 0;
     while (start <= unitList.size()) {
         const size_t end = std::min(unitList.find(',', start), unitList.size());
@@ -58,8 +82,9 @@ void ApplyReportUnits(const std::string& unitList) {
             throw UsageError("--units: expected KEY=UNIT, got \"" + pair + "\"");
         const CString item = UnitItem(pair.substr(0, equals));
         const CString unit = QoDtTextCodec::FromUtf8(pair.substr(equals + 1));
-        if (!IsKnownUnit(settings, item, unit))
-            throw UsageError("--units: \"" + unit.ToUtf8() + "\" isn't a unit of " + item.ToUtf8());
+        if (!QoHvacHDGSysSetManager::IsKnownUnitsName(item, unit))
+            throw UsageError("--units: \"" + unit.ToUtf8() + "\" isn't a unit of " + item.ToUtf8() + "; use " +
+                             KnownUnitsList(item));
         settings.SetUnitsName(item, unit);
         start = end + 1;
     }

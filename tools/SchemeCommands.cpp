@@ -675,7 +675,7 @@ void Run(const SchemeOptions& options) {
     options.pressure.Apply();
     if (!options.chart.empty()) CheckChartFile(options.chart);
     // The report texts are written during the calculation, in these units.
-    if (!options.units.empty()) ApplyReportUnits(options.units);
+    ApplyReportUnits(options.units);
     if (options.batch(options.settings, options.input, options.json)) return;
     const std::vector<SeasonInput> seasons = InputSeasons<T>(options);
     const std::vector<SchemeResult> results = RunSeasons<T>(options.settings, seasons);
@@ -759,6 +759,8 @@ void AddSchemeCommand(CLI::App& app, const char* description) {
     options->batch = RegisterSchemeBatch(*command, T::kName);
     command->footer(FieldHelp<T>());
     command->callback([options, type]() {
+        if (options->load == "-" && options->input == "-")
+            throw UsageError("--load - and --input -: only one of them can read standard input");
         if (type->count() > 0) options->settings.type = options->typeValue;
         options->settings.load = options->load;
         Run<T>(*options);

@@ -150,7 +150,9 @@ TEST_F(ChartSettings, ReadKeepsWhatTheBranchLacks) {
     EXPECT_TRUE(mgr->IsDisplayItem(L"相对湿度"));
     EXPECT_EQ(mgr->GetDislayItemNumbers(), 1);
     for (int row = 0; row < 8; ++row) EXPECT_EQ(mgr->GetPrecisions().GetAt(row), 0);
-    EXPECT_EQ(mgr->GetUnitsName(L"焓").ToUtf8(), "");  // "UnitsItemSet" was added empty
+    // "UnitsItemSet" was added empty: the rows with a converter show its unit.
+    EXPECT_EQ(mgr->GetUnitsName(L"温度").ToUtf8(), "");
+    EXPECT_EQ(mgr->GetUnitsName(L"焓").ToUtf8(), "kJ/kg");
     // A table without a dictionary keeps its rows.
     EXPECT_TRUE(mgr->IsDisplayYcHfItem(L"新风量"));
     EXPECT_EQ(mgr->GetAbbreviationName(L"焓").ToUtf8(), "焓");
@@ -183,4 +185,80 @@ TEST_F(ChartSettings, OversizedAndMissingTablesLeaveUsableTables) {
     EXPECT_EQ(mgr->GetPrecision(L"冷热负荷"), 2);
     EXPECT_FALSE(mgr->SetPrecision(L"冷热负荷", 1));
     EXPECT_FALSE(mgr->SetDisplayItem(L"焓", true));
+}
+
+namespace {
+
+bool Listed(const QoHvacHDGSysSetManager& m, const wchar_t* item, const wchar_t* name) {
+    for (const auto& unknown : m.GetUnknownUnitsNames())
+        if (unknown.item == item && unknown.name == name) return true;
+    return false;
+}
+
+}  // namespace
+
+// A stored name that its converter doesn't know would label figures that are
+// in the converter's unit: the row takes the converter's own name instead.
+TEST_F(ChartSettings, UnknownStoredUnitNamesGiveWayToTheConvertersUnits) {
+    mgr->SetUnitsName(L"冷热负荷", L"kW");  // the converter moves away from its default
+    QoDtDictionary& units = *Branch().FindOrAddDict(L"UnitsItemSet");
+    const wchar_t* stored[] = {L"℃", L"g/kg", L"Btu/lb", L"bar", L"", L"kW", L"千克/秒", L"kg/m^3"};
+    for (int row = 0; row < 8; ++row) units.SetValue(CString(std::to_wstring(row).c_str()), CString(stored[row]));
+    ASSERT_TRUE(mgr->ReadData());
+
+    EXPECT_EQ(mgr->GetUnitsName(L"焓"), mgr->GetHCurUnit());
+    EXPECT_EQ(mgr->GetUnitsName(L"焓"), CString(L"kJ/kg"));
+    EXPECT_EQ(mgr->GetUnitsName(L"风量"), mgr->GetVCurUnit());
+    EXPECT_EQ(mgr->GetUnitsName(L"湿负荷"), mgr->GetMwCurUnit());
+    EXPECT_EQ(mgr->GetUnitsName(L"冷热负荷"), CString(L"kW"));
+    EXPECT_EQ(mgr->GetQCurUnitCode(), Q_UNIT_KW);
+    EXPECT_EQ(mgr->GetUnitsName(L"压力"), CString(L"bar"));  // no converter, no figure in it
+
+    ASSERT_EQ(mgr->GetUnknownUnitsNames().size(), 3u);
+    EXPECT_TRUE(Listed(*mgr, L"焓", L"Btu/lb"));
+    EXPECT_TRUE(Listed(*mgr, L"风量", L""));
+    EXPECT_TRUE(Listed(*mgr, L"湿负荷", L"千克/秒"));
+
+    // A good name set later takes the item off the list; a bad one goes on it.
+    EXPECT_TRUE(mgr->SetUnitsName(L"焓", L"kcal/kg.干空气"));
+    EXPECT_FALSE(Listed(*mgr, L"焓", L"Btu/lb"));
+    EXPECT_EQ(mgr->GetHCurUnitCode(), H_UNIT_KCAL_KG);
+    EXPECT_TRUE(mgr->SetUnitsName(L"密度", L"lbs"));
+    EXPECT_EQ(mgr->GetUnitsName(L"密度"), mgr->GetDenCurUnit());
+    EXPECT_TRUE(Listed(*mgr, L"密度", L"lbs"));
+
+    // What is saved is what the report showed.
+    const std::string saved = Saved();
+    EXPECT_EQ(saved.find("千克/秒"), std::string::npos) << saved;
+    EXPECT_EQ(saved.find("lbs"), std::string::npos) << saved;
+    mgr->UpdateAllCurUnitsConvertSet();
+    EXPECT_TRUE(mgr->GetUnknownUnitsNames().empty());
+}
+
+TEST_F(ChartSettings, KnownUnitNamesPerItem) {
+    struct Case {
+        const wchar_t* item;
+        const wchar_t* unit;
+        bool known;
+    };
+    const Case cases[] = {
+        {L"焓", L"kJ/kg.干空气", true}, {L"焓", L"KCAL/KG", true},    {L"焓", L"Btu/lb", false},
+        {L"冷热负荷", L"RT", true},      {L"冷热负荷", L"hp", false},  {L"风量", L"m³/s", true},
+        {L"湿负荷", L"kg/h", true},      {L"密度", L"g/L", true},      {L"温度", L"℃", false},
+        {L"焓 ", L"kJ/kg", false},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(QoHvacHDGSysSetManager::IsKnownUnitsName(c.item, c.unit), c.known)
+            << CString(c.item).ToUtf8() << " " << CString(c.unit).ToUtf8();
+
+    CStringArray names;
+    QoHvacHDGSysSetManager::GetKnownUnitsNames(L"焓", names);
+    ASSERT_EQ(names.GetSize(), 6);
+    EXPECT_EQ(names.GetAt(0), CString(L"kJ/kg"));
+    EXPECT_EQ(names.GetAt(3), CString(L"kcal/kg"));
+    names.RemoveAll();
+    QoHvacHDGSysSetManager::GetKnownUnitsNames(L"压力", names);
+    EXPECT_EQ(names.GetSize(), 0);
+    EXPECT_FALSE(QoHvacHDGSysSetManager::HasUnitsConverter(L"含湿量"));
+    EXPECT_TRUE(QoHvacHDGSysSetManager::HasUnitsConverter(L"密度"));
 }

@@ -94,7 +94,7 @@ TEST(ProcessCli, MixUsesFlowsOrARatio) {
     EXPECT_NE(r.out.find("Point C (from Tdb and D)"), std::string::npos) << r.out;
 
     ExpectUsageError({"mix", "--ratio", "2", "--ga", "5"}, "--ratio can't be combined");
-    ExpectUsageError({"mix", "--gb", "0"}, "--gb must be above 0");
+    ExpectUsageError({"mix", "--ga", "1", "--gb", "0"}, "--gb must be above 0");
     ExpectUsageError({"mix", "--a-tdb", "30"}, "point A needs exactly two properties");
     ExpectUsageError({"mix", "--b-d", "8", "--b-tdp", "10"}, "point B: --b-d with --b-tdp doesn't define a state");
 }

@@ -93,7 +93,7 @@ TEST(ConfigCli, SetSavesTypedValuesAndRefusesBadInputWithoutTouchingTheFile) {
     const std::vector<std::vector<std::string>> refused = {
         {"set", "ZEFRA\\SPACE\\TEXTSIZE", "abc"},
         {"set", "ZEFRA\\SPACE\\N", "1.5"},
-        {"set", "ZEFRA\\NOPE\\X", "1"},
+        {"set", "ZEFRA\\SPACE\\N\\X", "1"},  // through a value
         {"set", "ZEFRA\\SPACE", "1"},
         {"set", "ZEFRA\\SPACE\\B", "maybe", "--type", "bool"},
         {"get", "ZEFRA\\SPACE\\MISSING"},

@@ -63,6 +63,10 @@ const wchar_t* HDGChartItemTables::DisplayName(int row) {
     return row >= 0 && row < kDisplayRows ? kDisplayNames[row] : L"";
 }
 
+const wchar_t* HDGChartItemTables::UnitName(int row) {
+    return row >= 0 && row < kUnitRows ? kUnitNames[row] : L"";
+}
+
 void HDGChartItemTables::TopUpDisplayItems(CNTArray<bool, bool>& table) { TopUp(table, kDisplayDefaults); }
 void HDGChartItemTables::TopUpYcHfItems(CNTArray<bool, bool>& table) { TopUpAllShown(table, kYcHfRows); }
 void HDGChartItemTables::TopUpEcHfItems(CNTArray<bool, bool>& table) { TopUpAllShown(table, kEcHfRows); }

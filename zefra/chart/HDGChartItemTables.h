@@ -28,6 +28,8 @@ public:
 
     // The item name of a display row; empty outside the table.
     static const wchar_t* DisplayName(int row);
+    // The item name of a unit row; empty outside the table.
+    static const wchar_t* UnitName(int row);
 
     // Appends the built-in values of the rows from the table's current size
     // up to its full size; a full table is left as it is.

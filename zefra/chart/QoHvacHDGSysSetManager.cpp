@@ -9,6 +9,10 @@ namespace {
 
 const wchar_t* const kBranch = L"ZEFRA\\HDG";
 
+const int kConverterRows[] = {HDGChartItemTables::kUnitRowH, HDGChartItemTables::kUnitRowV,
+                              HDGChartItemTables::kUnitRowQ, HDGChartItemTables::kUnitRowMw,
+                              HDGChartItemTables::kUnitRowDen};
+
 // The dictionaries below "ZEFRA\HDG": key and the local name a settings
 // editor shows.
 struct SBranchDict {
@@ -185,6 +189,52 @@ void QoHvacHDGSysSetManager::UpdateAllCurUnitsConvertSet() {
     UpdateConverter(HDGChartItemTables::kUnitRowQ);
     UpdateConverter(HDGChartItemTables::kUnitRowMw);
     UpdateConverter(HDGChartItemTables::kUnitRowDen);
+    m_UnknownUnitsNames.clear();
+    for (const int row : kConverterRows) FallBackToConverterUnit(row);
+}
+
+void QoHvacHDGSysSetManager::FallBackToConverterUnit(int unitRow) {
+    const CString item = HDGChartItemTables::UnitName(unitRow);
+    const CString unit = RowOrMiss(m_UnitsNames, unitRow, CString());
+    if (!HasUnitsConverter(item) || IsKnownUnitsName(item, unit)) return;
+    CString own;
+    switch (unitRow) {
+        case HDGChartItemTables::kUnitRowH: own = GetHCurUnit(); break;
+        case HDGChartItemTables::kUnitRowV: own = GetVCurUnit(); break;
+        case HDGChartItemTables::kUnitRowQ: own = GetQCurUnit(); break;
+        case HDGChartItemTables::kUnitRowMw: own = GetMwCurUnit(); break;
+        default: own = GetDenCurUnit(); break;
+    }
+    if (SetRow(m_UnitsNames, unitRow, own)) m_UnknownUnitsNames.push_back({item, unit});
+}
+
+bool QoHvacHDGSysSetManager::HasUnitsConverter(const CString& item) {
+    const int row = HDGChartItemTables::UnitRow(item);
+    for (const int converterRow : kConverterRows)
+        if (row == converterRow) return true;
+    return false;
+}
+
+bool QoHvacHDGSysSetManager::IsKnownUnitsName(const CString& item, const CString& unit) {
+    switch (HDGChartItemTables::UnitRow(item)) {
+        case HDGChartItemTables::kUnitRowH: return CHUnitConvert().GetHUnitCode(unit) != H_UNIT_UNKNOWN;
+        case HDGChartItemTables::kUnitRowV: return CVUnitConvert().GetVUnitCode(unit) != V_UNIT_UNKNOWN;
+        case HDGChartItemTables::kUnitRowQ: return CQUnitConvert().GetQUnitCode(unit) != Q_UNIT_UNKNOWN;
+        case HDGChartItemTables::kUnitRowMw: return CMwUnitConvert().GetMwUnitCode(unit) != MW_UNIT_UNKNOWN;
+        case HDGChartItemTables::kUnitRowDen: return CDenUnitConvert().GetDenUnitCode(unit) != DEN_UNIT_UNKNOWN;
+        default: return false;
+    }
+}
+
+void QoHvacHDGSysSetManager::GetKnownUnitsNames(const CString& item, CStringArray& names) {
+    switch (HDGChartItemTables::UnitRow(item)) {
+        case HDGChartItemTables::kUnitRowH: CHUnitConvert().GetHUnitNames(names); break;
+        case HDGChartItemTables::kUnitRowV: CVUnitConvert().GetVUnitNames(names); break;
+        case HDGChartItemTables::kUnitRowQ: CQUnitConvert().GetQUnitNames(names); break;
+        case HDGChartItemTables::kUnitRowMw: CMwUnitConvert().GetMwUnitNames(names); break;
+        case HDGChartItemTables::kUnitRowDen: CDenUnitConvert().GetDenUnitNames(names); break;
+        default: break;
+    }
 }
 
 void QoHvacHDGSysSetManager::UpdateConverter(int unitRow) {
@@ -235,6 +285,10 @@ bool QoHvacHDGSysSetManager::SetUnitsName(const CString& name, const CString& un
     const int row = HDGChartItemTables::UnitRow(name);
     if (!SetRow(m_UnitsNames, row, unit)) return false;
     UpdateConverter(row);
+    const CString item = HDGChartItemTables::UnitName(row);
+    for (auto it = m_UnknownUnitsNames.begin(); it != m_UnknownUnitsNames.end();)
+        it = it->item == item ? m_UnknownUnitsNames.erase(it) : it + 1;
+    FallBackToConverterUnit(row);
     return true;
 }
 

@@ -20,6 +20,8 @@
 #include "zefra/platform/mfc/CNTArray.h"
 #include "zefra/platform/mfc/CString.h"
 
+#include <vector>
+
 class ZEFRA_API QoHvacHDGSysSetManager : public CHUnitConvert,
                                public CQUnitConvert,
                                public CVUnitConvert,
@@ -35,8 +37,25 @@ public:
     bool ReadData();
     bool SaveData() const;
     // Moves the enthalpy, air-flow, heat-load, moisture and density converters
-    // to the units that the unit names give.
+    // to the units that the unit names give. A name that its converter doesn't
+    // know leaves the converter where it was; the row then takes the
+    // converter's own name, so that no figure is labelled with a unit it
+    // isn't in, and the name is listed in GetUnknownUnitsNames().
     void UpdateAllCurUnitsConvertSet();
+
+    // A unit name that no converter knew, as it stood in the table.
+    struct SUnknownUnitsName {
+        CString item;  // "焓", "风量", "冷热负荷", "湿负荷" or "密度"
+        CString name;
+    };
+    // The names replaced by the last UpdateAllCurUnitsConvertSet, and by
+    // SetUnitsName since then.
+    const std::vector<SUnknownUnitsName>& GetUnknownUnitsNames() const { return m_UnknownUnitsNames; }
+    // Whether the unit item has a converter; the names that converter knows
+    // (nothing for "温度", "含湿量" and "压力").
+    static bool HasUnitsConverter(const CString& item);
+    static bool IsKnownUnitsName(const CString& item, const CString& unit);
+    static void GetKnownUnitsNames(const CString& item, CStringArray& names);
 
     // Lookups by item name: exact whole-string match, first row wins. A name
     // without a row gives false, an empty text, or a precision of 2.
@@ -82,6 +101,8 @@ private:
     // their remaining rows, so that every lookup by name finds its row.
     void TopUpTables();
     void UpdateConverter(int unitRow);
+    // The converter's own name in place of a name it doesn't know.
+    void FallBackToConverterUnit(int unitRow);
 
     SHvacHDGDrawSet m_DrawSet;
     CNTArray<bool, bool> m_DisplayItems;
@@ -90,4 +111,5 @@ private:
     CStringArray m_Abbreviations;
     CStringArray m_UnitsNames;
     CNTArray<int, int> m_Precisions;
+    std::vector<SUnknownUnitsName> m_UnknownUnitsNames;
 };

@@ -1,6 +1,7 @@
 #include "zefra/platform/airlib/CDenUnitConvert.h"
 
 #include "zefra/platform/airlib/UnitTable.h"
+#include "zefra/platform/mfc/CArray.h"
 
 namespace {
 
@@ -30,6 +31,8 @@ CString CDenUnitConvert::GetDenCurUnit() const { return kTable.GetName(m_eCurUni
 EDen_Unit CDenUnitConvert::GetDenUnitCode(const CString& name) const {
     return static_cast<EDen_Unit>(kTable.FindCode(name));
 }
+
+void CDenUnitConvert::GetDenUnitNames(CStringArray& names) const { kTable.AppendNames(names); }
 
 double CDenUnitConvert::DenConvert(double value, EDen_Unit from, EDen_Unit to) const {
     return kTable.Convert(value, from, to);

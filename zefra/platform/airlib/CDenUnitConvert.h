@@ -5,6 +5,8 @@
 
 #include "zefra/platform/mfc/CString.h"
 
+class CStringArray;
+
 enum EDen_Unit : int {
     DEN_UNIT_UNKNOWN = -1,
     DEN_UNIT_KG_M3 = 0,  // kg/m^3
@@ -28,6 +30,9 @@ public:
 
     // The code of a unit from its display name; DEN_UNIT_UNKNOWN when none.
     EDen_Unit GetDenUnitCode(const CString& name) const;
+    // Appends every name a unit is known by, unit after unit: the display
+    // name first, then the other names it answers to.
+    void GetDenUnitNames(CStringArray& names) const;
 
     double DenConvert(double value, EDen_Unit from, EDen_Unit to) const;
     double DenConvertStdToCur(double value) const { return DenConvert(value, m_eStdUnit, m_eCurUnit); }

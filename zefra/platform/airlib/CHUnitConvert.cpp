@@ -1,6 +1,7 @@
 #include "zefra/platform/airlib/CHUnitConvert.h"
 
 #include "zefra/platform/airlib/UnitTable.h"
+#include "zefra/platform/mfc/CArray.h"
 
 namespace {
 
@@ -29,6 +30,8 @@ CString CHUnitConvert::GetHCurUnit() const { return kTable.GetName(m_eCurUnit); 
 EH_Unit CHUnitConvert::GetHUnitCode(const CString& name) const {
     return static_cast<EH_Unit>(kTable.FindCode(name));
 }
+
+void CHUnitConvert::GetHUnitNames(CStringArray& names) const { kTable.AppendNames(names); }
 
 double CHUnitConvert::HConvert(double value, EH_Unit from, EH_Unit to) const {
     return kTable.Convert(value, from, to);

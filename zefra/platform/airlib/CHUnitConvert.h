@@ -5,6 +5,8 @@
 
 #include "zefra/platform/mfc/CString.h"
 
+class CStringArray;
+
 enum EH_Unit : int {
     H_UNIT_UNKNOWN = -1,
     H_UNIT_KJ_KG = 0,  // kJ/kg
@@ -27,6 +29,9 @@ public:
 
     // The code of a unit from its display name; H_UNIT_UNKNOWN when none.
     EH_Unit GetHUnitCode(const CString& name) const;
+    // Appends every name a unit is known by, unit after unit: the display
+    // name first, then the other names it answers to.
+    void GetHUnitNames(CStringArray& names) const;
 
     double HConvert(double value, EH_Unit from, EH_Unit to) const;
     double HConvertStdToCur(double value) const { return HConvert(value, m_eStdUnit, m_eCurUnit); }

@@ -1,6 +1,7 @@
 #include "zefra/platform/airlib/CMwUnitConvert.h"
 
 #include "zefra/platform/airlib/UnitTable.h"
+#include "zefra/platform/mfc/CArray.h"
 
 namespace {
 
@@ -31,6 +32,8 @@ CString CMwUnitConvert::GetMwCurUnit() const { return kTable.GetName(m_eCurUnit)
 EMw_Unit CMwUnitConvert::GetMwUnitCode(const CString& name) const {
     return static_cast<EMw_Unit>(kTable.FindCode(name));
 }
+
+void CMwUnitConvert::GetMwUnitNames(CStringArray& names) const { kTable.AppendNames(names); }
 
 double CMwUnitConvert::MwConvert(double value, EMw_Unit from, EMw_Unit to) const {
     return kTable.Convert(value, from, to);

@@ -5,6 +5,8 @@
 
 #include "zefra/platform/mfc/CString.h"
 
+class CStringArray;
+
 enum EMw_Unit : int {
     MW_UNIT_UNKNOWN = -1,
     MW_UNIT_G_S = 0,  // g/s
@@ -29,6 +31,9 @@ public:
 
     // The code of a unit from its display name; MW_UNIT_UNKNOWN when none.
     EMw_Unit GetMwUnitCode(const CString& name) const;
+    // Appends every name a unit is known by, unit after unit: the display
+    // name first, then the other names it answers to.
+    void GetMwUnitNames(CStringArray& names) const;
 
     double MwConvert(double value, EMw_Unit from, EMw_Unit to) const;
     double MwConvertStdToCur(double value) const { return MwConvert(value, m_eStdUnit, m_eCurUnit); }

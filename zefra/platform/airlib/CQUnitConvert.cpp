@@ -1,6 +1,7 @@
 #include "zefra/platform/airlib/CQUnitConvert.h"
 
 #include "zefra/platform/airlib/UnitTable.h"
+#include "zefra/platform/mfc/CArray.h"
 
 namespace {
 
@@ -32,6 +33,8 @@ CString CQUnitConvert::GetQCurUnit() const { return kTable.GetName(m_eCurUnit); 
 EQ_Unit CQUnitConvert::GetQUnitCode(const CString& name) const {
     return static_cast<EQ_Unit>(kTable.FindCode(name));
 }
+
+void CQUnitConvert::GetQUnitNames(CStringArray& names) const { kTable.AppendNames(names); }
 
 double CQUnitConvert::QConvert(double value, EQ_Unit from, EQ_Unit to) const {
     return kTable.Convert(value, from, to);

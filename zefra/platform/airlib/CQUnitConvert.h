@@ -5,6 +5,8 @@
 
 #include "zefra/platform/mfc/CString.h"
 
+class CStringArray;
+
 enum EQ_Unit : int {
     Q_UNIT_UNKNOWN = -1,
     Q_UNIT_W = 0,  // W
@@ -30,6 +32,9 @@ public:
 
     // The code of a unit from its display name; Q_UNIT_UNKNOWN when none.
     EQ_Unit GetQUnitCode(const CString& name) const;
+    // Appends every name a unit is known by, unit after unit: the display
+    // name first, then the other names it answers to.
+    void GetQUnitNames(CStringArray& names) const;
 
     double QConvert(double value, EQ_Unit from, EQ_Unit to) const;
     double QConvertStdToCur(double value) const { return QConvert(value, m_eStdUnit, m_eCurUnit); }

@@ -2,6 +2,7 @@
 
 #include "zefra/platform/airlib/Air.h"
 #include "zefra/platform/airlib/UnitTable.h"
+#include "zefra/platform/mfc/CArray.h"
 
 namespace {
 
@@ -34,6 +35,8 @@ CString CVUnitConvert::GetVStdUnit() const { return kTable.GetName(m_eStdUnit); 
 CString CVUnitConvert::GetVCurUnit() const { return kTable.GetName(m_eCurUnit); }
 
 EV_Unit CVUnitConvert::GetVUnitCode(const CString& name) const { return static_cast<EV_Unit>(kTable.FindCode(name)); }
+
+void CVUnitConvert::GetVUnitNames(CStringArray& names) const { kTable.AppendNames(names); }
 
 double CVUnitConvert::VConvert(double value, EV_Unit from, EV_Unit to) const { return kTable.Convert(value, from, to); }
 

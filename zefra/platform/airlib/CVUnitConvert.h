@@ -7,6 +7,8 @@
 
 #include "zefra/platform/mfc/CString.h"
 
+class CStringArray;
+
 enum EV_Unit : int {
     V_UNIT_UNKNOWN = -1,
     V_UNIT_M3_H = 0,  // m^3/h
@@ -36,6 +38,9 @@ public:
 
     // The code of a unit from its display name; V_UNIT_UNKNOWN when none.
     EV_Unit GetVUnitCode(const CString& name) const;
+    // Appends every name a unit is known by, unit after unit: the display
+    // name first, then the other names it answers to.
+    void GetVUnitNames(CStringArray& names) const;
 
     double VConvert(double value, EV_Unit from, EV_Unit to) const;
     double VConvertStdToCur(double value) const { return VConvert(value, m_eStdUnit, m_eCurUnit); }

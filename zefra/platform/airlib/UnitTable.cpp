@@ -1,5 +1,7 @@
 #include "zefra/platform/airlib/UnitTable.h"
 
+#include "zefra/platform/mfc/CArray.h"
+
 #include <cwchar>
 #include <cwctype>
 
@@ -31,6 +33,14 @@ int UnitTable::FindCode(const CString& name) const {
 }
 
 CString UnitTable::GetName(int code) const { return IsCode(code) ? CString(m_entries[code].displayName) : CString(); }
+
+void UnitTable::AppendNames(CStringArray& names) const {
+    for (int code = 0; code < m_count; ++code) {
+        names.Add(CString(m_entries[code].displayName));
+        for (const wchar_t* alias : m_entries[code].aliases)
+            if (alias) names.Add(CString(alias));
+    }
+}
 
 double UnitTable::Convert(double value, int from, int to) const {
     if (!IsCode(from) || !IsCode(to) || from == to) return value;

@@ -4,6 +4,8 @@
 
 #include "zefra/platform/mfc/CString.h"
 
+class CStringArray;
+
 struct UnitEntry {
     const wchar_t* displayName;
     const wchar_t* aliases[4];  // further accepted names; unused slots null
@@ -22,6 +24,9 @@ public:
     // regard to case; -1 when no unit has that name.
     int FindCode(const CString& name) const;
     CString GetName(int code) const;
+    // Every name of every unit, in code order, each display name before its
+    // other names.
+    void AppendNames(CStringArray& names) const;
 
     // value in unit `from` expressed in unit `to`; an unknown code converts
     // as the identity.
