@@ -1,6 +1,7 @@
 // The checks that front ends run around the engine: what they refuse, and
 // that whatever they let through is a possible state of air.
 
+#include "air/AirTestSupport.h"
 #include "zefra/air/HDGChecks.h"
 #include "zefra/air/HDGCurB.h"
 #include "zefra/air/ZefraHDGPrimaryReturnAir.h"
@@ -19,15 +20,6 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
-
-class PressureScope {
-public:
-    explicit PressureScope(double B) : m_saved(GetHDGCurB()) { SetHDGCurB(B); }
-    ~PressureScope() { SetHDGCurB(m_saved); }
-
-private:
-    double m_saved;
-};
 
 const char* const kShort[] = {"Tdb", "RH", "H", "D", "Twb", "Tdp", "Pv"};
 
@@ -107,7 +99,7 @@ TEST(InputChecks, PointsAreRefusedWithTheFaultNamed) {
         {HDGPT_RH, 0.5, HDGPT_H, 1e6, 101325, "H = 1e+06 kJ/kg is outside"},
     };
     for (const PointCase& c : cases) {
-        PressureScope pressure(c.B);
+        ScopedPressure pressure(c.B);
         ZefraHDGPoint point;
         const HDGFaults faults = CheckPoint(c.k1, c.v1, c.k2, c.v2, point);
         const std::string row = std::string(kShort[c.k1]) + "=" + std::to_string(c.v1) + " " + kShort[c.k2] + "=" +
@@ -157,7 +149,7 @@ TEST(InputChecks, SweepOfPairsAndExtremesLetsOnlyPossibleStatesThrough) {
     int accepted = 0;
     int refused = 0;
     for (const double B : pressures) {
-        PressureScope pressure(B);
+        ScopedPressure pressure(B);
         for (const auto& pair : pairs) {
             for (const double v1 : values) {
                 for (const double v2 : values) {

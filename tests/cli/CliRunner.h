@@ -45,6 +45,19 @@ inline std::string TempPath() {
     return path;
 }
 
+// A file with the given text that lives as long as the object.
+class TempFile {
+public:
+    explicit TempFile(const std::string& text) : m_path(TempPath()) { std::ofstream(m_path) << text; }
+    ~TempFile() { std::remove(m_path.c_str()); }
+    TempFile(const TempFile&) = delete;
+    TempFile& operator=(const TempFile&) = delete;
+    const std::string& Path() const { return m_path; }
+
+private:
+    std::string m_path;
+};
+
 inline CliResult RunCli(const std::vector<std::string>& args) {
     const std::string out = TempPath();
     const std::string err = TempPath();

@@ -34,16 +34,6 @@ void ExpectRefusals(const std::vector<Refusal>& refusals) {
     }
 }
 
-class TempFile {
-public:
-    explicit TempFile(const std::string& text) : m_path(clitest::TempPath()) { std::ofstream(m_path) << text; }
-    ~TempFile() { std::remove(m_path.c_str()); }
-    const std::string& Path() const { return m_path; }
-
-private:
-    std::string m_path;
-};
-
 TEST(InputCheckCli, PointRefusesImpossibleStatesAndSlipsOfUnits) {
     ExpectRefusals({
         {{"point", "--tdb", "22", "--rh", "0.6", "--pressure", "101.325"}, "101.325 looks like kPa"},
@@ -74,12 +64,12 @@ TEST(InputCheckCli, SchemesRefuseGivenDataFieldByField) {
         {R"({"FreshAirType": 1, "Gw": 5})", "Gn = "},
     };
     for (const auto& [text, fragment] : inputs) {
-        const TempFile input(text);
+        const clitest::TempFile input(text);
         ExpectRefusals({{{"primary", "--input", input.Path()}, fragment}});
     }
-    const TempFile flows(R"({"Gr1": 2})");
+    const clitest::TempFile flows(R"({"Gr1": 2})");
     // The built-in summer states under a literal winter treatment: W' in fog.
-    const TempFile summerStates(R"({"PointN": {"Tdb": 22, "RH": 0.6}, "PointW": {"Tdb": 33.2, "Twb": 26.4},
+    const clitest::TempFile summerStates(R"({"PointN": {"Tdb": 22, "RH": 0.6}, "PointW": {"Tdb": 33.2, "Twb": 26.4},
                                     "Qn": 11.6, "Mw": 0.0014})");
     ExpectRefusals({{{"secondary", "--type", "1", "--input", flows.Path()}, "together exceed the supply air"},
                     {{"secondary", "--pressure", "101.325"}, "looks like kPa"},
@@ -98,7 +88,7 @@ TEST(InputCheckCli, FilesThatCantBeReadAreRefusedNotCrashedOn) {
     for (const char* type : {"99", "-1", "6"}) {
         std::string edited = record;
         edited.replace(edited.find(typeKey), typeKey.size(), "<int name=\"计算类型\">" + std::string(type) + "</int>");
-        const TempFile file(edited);
+        const clitest::TempFile file(edited);
         ExpectRefusals({{{"primary", "--load", file.Path()},
                          ("CalPriRetAirType = " + std::string(type) + " is outside").c_str()}});
     }

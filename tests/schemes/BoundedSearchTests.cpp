@@ -2,6 +2,7 @@
 // them fail with their text, never run on. These run the library directly,
 // as the front ends' checks would not let such states through.
 
+#include "air/AirTestSupport.h"
 #include "zefra/air/HDGCurB.h"
 #include "zefra/air/ZefraHDGPrimaryReturnAir.h"
 #include "zefra/air/ZefraHDGSecondaryReturnAir.h"
@@ -15,15 +16,6 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
-
-class PressureScope {
-public:
-    explicit PressureScope(double B) : m_saved(GetHDGCurB()) { SetHDGCurB(B); }
-    ~PressureScope() { SetHDGCurB(m_saved); }
-
-private:
-    double m_saved;
-};
 
 std::string Texts(const CStringArray& texts) {
     std::string all;
@@ -47,7 +39,7 @@ const Extreme kExtremes[] = {
 TEST(BoundedSearch, PrimarySummerSearchEndsForAnyRoom) {
     for (const EHDGSearchMode mode : {EHDGSearchMode::Quick, EHDGSearchMode::FullWalk}) {
         for (const Extreme& x : kExtremes) {
-            PressureScope pressure(x.Pressure);
+            ScopedPressure pressure(x.Pressure);
             ZefraHDGPrimaryReturnAir scheme;
             scheme.SetSearchMode(mode);
             SHDGPrimaryReturnAirInfo given = scheme.GetGivenData();
@@ -67,7 +59,7 @@ TEST(BoundedSearch, PrimarySummerSearchEndsForAnyRoom) {
 TEST(BoundedSearch, SecondarySummerSearchEndsForAnyMixState) {
     for (const EHDGSearchMode mode : {EHDGSearchMode::Quick, EHDGSearchMode::FullWalk}) {
         for (const Extreme& x : kExtremes) {
-            PressureScope pressure(x.Pressure);
+            ScopedPressure pressure(x.Pressure);
             ZefraHDGSecondaryReturnAir scheme;
             scheme.SetSearchMode(mode);
             SHDGSecondaryReturnAirInfo given = scheme.GetGivenData();

@@ -16,16 +16,6 @@ using clitest::RunCli;
 
 namespace {
 
-class TempFile {
-public:
-    explicit TempFile(const std::string& text) : m_path(clitest::TempPath()) { std::ofstream(m_path) << text; }
-    ~TempFile() { std::remove(m_path.c_str()); }
-    const std::string& Path() const { return m_path; }
-
-private:
-    std::string m_path;
-};
-
 TEST(SchemeSeasons, BuiltInWinterDesignsAreSoundInEveryType) {
     for (const auto& [scheme, types] : {std::pair<std::string, std::vector<std::string>>{"primary", {"2", "3", "4", "5"}},
                                         {"secondary", {"1", "2", "3", "4"}}}) {
@@ -75,7 +65,7 @@ TEST(SchemeSeasons, LiteralModeGivesTheSystemsTextsAndWarnsOfItsBalances) {
 }
 
 TEST(SchemeSeasons, JsonOutputRunsAgainAsInput) {
-    const TempFile both(R"({"summer": {"FreshAirRatio": 0.2}, "winter": {"Qn": 25, "PointW": {"Tdb": -12, "RH": 0.6}}})");
+    const clitest::TempFile both(R"({"summer": {"FreshAirRatio": 0.2}, "winter": {"Qn": 25, "PointW": {"Tdb": -12, "RH": 0.6}}})");
     for (const std::vector<std::string>& run : std::vector<std::vector<std::string>>{
              {"primary", "--json"},
              {"primary", "--json", "--type", "1"},
@@ -85,7 +75,7 @@ TEST(SchemeSeasons, JsonOutputRunsAgainAsInput) {
              {"secondary", "--json", "--input", both.Path()}}) {
         const CliResult first = RunCli(run);
         ASSERT_EQ(first.exitCode, 0) << first.err;
-        const TempFile output(first.out);
+        const clitest::TempFile output(first.out);
         const CliResult again = RunCli({run[0], "--json", "--input", output.Path()});
         ASSERT_EQ(again.exitCode, 0) << again.err;
         EXPECT_EQ(again.out, first.out) << run[0];
@@ -106,7 +96,7 @@ TEST(SchemeSeasons, TemplateHoldsEveryFieldAndRunsAsIs) {
             for (const char* field : {"CalPriRetAirType", "PointN", "PointW", "Qn", "Mw", "SfGdWs", "HfGdWs", "ptL_RH",
                                       "FreshAirType", "FreshAirRatio", "Gw", "Go", "SfWc"})
                 EXPECT_TRUE(fields.contains(field)) << scheme << " " << field;
-            const TempFile input(t.out);
+            const clitest::TempFile input(t.out);
             const CliResult run = RunCli({scheme, "--input", input.Path(), "--json"});
             EXPECT_EQ(run.exitCode, 0) << run.err;
         }
