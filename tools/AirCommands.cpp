@@ -189,6 +189,11 @@ void RegisterLine(CLI::App& app) {
         const auto g = Number("--g", values->first);
         const auto q = Number("--q", values->second);
         if (g && q) throw UsageError("give --g (to compute Q) or --q (to compute G), not both");
+        // Beyond any air-handling unit: 1000 kg/s is about 3 million m³/h.
+        if (g && !(std::fabs(*g) <= 1000.0))
+            throw UsageError("--g = " + *values->first + " kg/s is outside the allowed range, -1000 … 1000 kg/s");
+        if (q && !(std::fabs(*q) <= 100000.0))
+            throw UsageError("--q = " + *values->second + " kW is outside the allowed range, -100000 … 100000 kW");
         if (q) {
             line.SetCalType(1);
             line.SetQ(*q);

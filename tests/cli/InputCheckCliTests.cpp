@@ -49,6 +49,8 @@ TEST(InputCheckCli, PointRefusesImpossibleStatesAndSlipsOfUnits) {
         {{"point", "--tdb", "90", "--rh", "0.5", "--pressure", "60000"}, "boiling point"},
         {{"mix", "--a-tdb", "40", "--a-rh", "1", "--b-tdb", "-20", "--b-rh", "1"}, "the mixed point C"},
         {{"line", "--b-tdb", "22", "--b-rh", "0.6", "--q", "10"}, "same enthalpy"},
+        {{"line", "--g", "1e308"}, "--g = 1e308 kg/s is outside the allowed range"},
+        {{"line", "--q", "-1e9"}, "--q = -1e9 kW is outside"},
     });
 }
 
