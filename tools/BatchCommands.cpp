@@ -128,6 +128,16 @@ struct Rows {
     std::vector<int> calculated;  // rows given to the calculation, in order
 };
 
+// The first line of a table; false for an empty one. A malformed line is
+// refused naming the table.
+bool ReadHeader(CsvReader& reader, const std::string& where, std::vector<std::string>& header) {
+    try {
+        return reader.Next(header);
+    } catch (const UsageError& error) {
+        throw UsageError(where + ": " + error.what());
+    }
+}
+
 class PointBatch {
 public:
     PointBatch(const BatchOptions& options, bool json) : m_options(options), m_json(json) {}
@@ -137,12 +147,7 @@ public:
         const std::string text = ReadInputText("--batch", m_options.file, kLargestBatchFile);
         CsvReader reader(text);
         std::vector<std::string> header;
-        bool any = false;
-        try {
-            any = reader.Next(header);
-        } catch (const UsageError& error) {
-            throw UsageError(where + ": " + error.what());
-        }
+        const bool any = ReadHeader(reader, where, header);
         if (!any)
             throw UsageError(where + ": the table is empty; its first line must name the columns, such as tdb,rh");
         m_layout = ReadLayout(where, header);
@@ -483,12 +488,7 @@ public:
         const std::string text = ReadInputText("--weather", m_options.weather, kLargestBatchFile);
         CsvReader reader(text);
         std::vector<std::string> header;
-        bool any = false;
-        try {
-            any = reader.Next(header);
-        } catch (const UsageError& error) {
-            throw UsageError(where + ": " + error.what());
-        }
+        const bool any = ReadHeader(reader, where, header);
         if (!any) throw UsageError(where + ": the table is empty; its first line must name the columns, such as tdb,rh");
         m_layout = ReadLayout(where, header);
         m_header = header;
