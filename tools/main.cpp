@@ -25,8 +25,6 @@ int Refuse(const std::string& message) {
     return 2;
 }
 
-int g_exitCode = 0;
-
 // What the library writes on the host's command line (a configuration file
 // that can't be read, a failed save) is a message, not output: it goes to
 // standard error, so that standard output stays what the command prints.
@@ -126,15 +124,10 @@ int Run(CLI::App& app, int argc, char** argv) {
         std::cerr << "zefra: internal error: " << e.what() << "\n";
         return 1;
     }
-    return g_exitCode;
+    return zefra::cli::GetExitCode();
 }
 
 }  // namespace
-
-namespace zefra::cli {
-void SetExitCode(int code) { g_exitCode = code; }
-int GetExitCode() { return g_exitCode; }
-}  // namespace zefra::cli
 
 int main(int argc, char** argv) {
     // Loads the module as the host would; at the end of main it unloads it
